@@ -1,0 +1,287 @@
+// The settings store: the behaviour both stores share, and the file-backed store's files.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "TempFolder.h"
+#include "runtime/Error.h"
+#include "runtime/IniSettingsStore.h"
+#include "runtime/SettingsIni.h"
+#include "runtime/Utf.h"
+
+namespace {
+
+using vb::SettingPair;
+using Pairs = std::vector<SettingPair>;
+constexpr std::u16string_view kApp = u"Quillmark Tools";
+
+// ---- The contract of every store ------------------------------------------------------------
+
+struct StoreMaker {
+  virtual ~StoreMaker() = default;
+  virtual std::unique_ptr<vb::SettingsStore> Make() = 0;
+};
+
+class SettingsContract : public ::testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    if (GetParam() == "memory")
+      store_ = std::make_unique<vb::MemorySettingsStore>();
+    else
+      store_ = std::make_unique<vb::IniSettingsStore>(folder_.Path());
+  }
+  qmtest::TempFolder folder_;
+  std::unique_ptr<vb::SettingsStore> store_;
+};
+
+TEST_P(SettingsContract, AbsentKeySectionOrApplicationGivesTheDefault) {
+  store_->SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  EXPECT_EQ(store_->GetSetting(kApp, u"Options", u"SaveInterval", u"5"), u"5");
+  EXPECT_EQ(store_->GetSetting(kApp, u"frmSearch", u"AutoSave", u"x"), u"x");
+  EXPECT_EQ(store_->GetSetting(u"Other", u"Options", u"AutoSave", u""), u"");
+}
+
+TEST_P(SettingsContract, SavedValueOverwritesAndKeepsItsPlace) {
+  store_->SaveSetting(kApp, u"Search", u"Col2", u"100");
+  store_->SaveSetting(kApp, u"Search", u"Col1", u"200");
+  store_->SaveSetting(kApp, u"Search", u"Col3", u"300");
+  store_->SaveSetting(kApp, u"Search", u"Col2", u"150");
+  EXPECT_EQ(store_->GetSetting(kApp, u"Search", u"Col2", u""), u"150");
+  EXPECT_EQ(store_->GetAllSettings(kApp, u"Search"),
+            (Pairs{{u"Col2", u"150"}, {u"Col1", u"200"}, {u"Col3", u"300"}}));
+}
+
+TEST_P(SettingsContract, AllSettingsOfAnAbsentSectionIsEmpty) {
+  store_->SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  EXPECT_TRUE(store_->GetAllSettings(kApp, u"SearchRecents").empty());
+  EXPECT_TRUE(store_->GetAllSettings(u"QTools Search History", u"SearchRecents").empty());
+}
+
+TEST_P(SettingsContract, NamesMatchWithoutRegardToCaseAndKeepTheFirstSpelling) {
+  store_->SaveSetting(kApp, u"frmNewMember", u"LastTab", u"2");
+  store_->SaveSetting(u"quillmark tools", u"FRMNEWMEMBER", u"lasttab", u"3");
+  EXPECT_EQ(store_->GetSetting(kApp, u"frmnewmember", u"LASTTAB", u""), u"3");
+  EXPECT_EQ(store_->GetAllSettings(kApp, u"frmNewMember"), (Pairs{{u"LastTab", u"3"}}));
+}
+
+TEST_P(SettingsContract, DeleteSettingRemovesEveryOneOfTheApplicationsSections) {
+  store_->SaveSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u"Foo");
+  store_->SaveSetting(u"QTools Search History", u"Other", u"Key", u"Bar");
+  store_->SaveSetting(kApp, u"SearchRecents", u"Recent1", u"Kept");
+  store_->DeleteSetting(u"QTools Search History");
+  EXPECT_TRUE(store_->GetAllSettings(u"QTools Search History", u"SearchRecents").empty());
+  EXPECT_EQ(store_->GetSetting(u"QTools Search History", u"Other", u"Key", u"-"), u"-");
+  EXPECT_EQ(store_->GetSetting(kApp, u"SearchRecents", u"Recent1", u""), u"Kept");
+  store_->SaveSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u"New");
+  EXPECT_EQ(store_->GetAllSettings(u"QTools Search History", u"SearchRecents"),
+            (Pairs{{u"Recent1", u"New"}}));
+}
+
+TEST_P(SettingsContract, DeletingAnApplicationWithNothingStoredIsNotAnError) {
+  EXPECT_NO_THROW(store_->DeleteSetting(u"QTools Search History"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Stores, SettingsContract, ::testing::Values("memory", "ini"));
+
+// ---- Files on disk ---------------------------------------------------------------------------
+
+class IniStore : public ::testing::Test {
+ protected:
+  std::filesystem::path FileOf(std::u16string_view app) const {
+    return folder_.Path() / "settings" / (vb::ToUtf8(app) + ".ini");
+  }
+  std::vector<std::string> FilesInSettings() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path() / "settings"))
+      names.push_back(entry.path().filename().string());
+    std::ranges::sort(names);
+    return names;
+  }
+  qmtest::TempFolder folder_;
+};
+
+TEST_F(IniStore, WritesOneReadableFilePerApplicationInTheOrderWritten) {
+  vb::IniSettingsStore store(folder_.Path());
+  store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  store.SaveSetting(kApp, u"CommandBar", u"Visible", u"True");
+  store.SaveSetting(kApp, u"Options", u"SaveInterval", u"10");
+  store.SaveSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u"Dim x");
+  EXPECT_EQ(qmtest::TempFolder::Read(FileOf(kApp)),
+            "[Options]\nAutoSave=1\nSaveInterval=10\n\n[CommandBar]\nVisible=True\n");
+  EXPECT_EQ(FilesInSettings(),
+            (std::vector<std::string>{"QTools Search History.ini", "Quillmark Tools.ini"}));
+}
+
+TEST_F(IniStore, ANewStoreOnTheSameFolderReadsWhatWasWritten) {
+  {
+    vb::IniSettingsStore writer(folder_.Path());
+    writer.SaveSetting(kApp, u"ListView", u"(Controls)2", u"1200");
+    writer.SaveSetting(kApp, u"ListView", u"(Controls)1", u"900");
+  }
+  vb::IniSettingsStore reader(folder_.Path());
+  EXPECT_EQ(reader.GetAllSettings(kApp, u"ListView"),
+            (Pairs{{u"(Controls)2", u"1200"}, {u"(Controls)1", u"900"}}));
+  EXPECT_TRUE(reader.Problems().empty());
+}
+
+TEST_F(IniStore, StoresOnTwoFoldersDoNotSeeEachOther) {
+  qmtest::TempFolder other;
+  vb::IniSettingsStore first(folder_.Path());
+  vb::IniSettingsStore second(other.Path());
+  first.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  EXPECT_EQ(second.GetSetting(kApp, u"Options", u"AutoSave", u"0"), u"0");
+  second.SaveSetting(kApp, u"Options", u"AutoSave", u"0");
+  EXPECT_EQ(first.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
+}
+
+TEST_F(IniStore, DeleteSettingRemovesTheFile) {
+  vb::IniSettingsStore store(folder_.Path());
+  store.SaveSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u"a");
+  store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  store.DeleteSetting(u"QTools Search History");
+  EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
+}
+
+TEST_F(IniStore, ReadsAHandEditedFile) {
+  folder_.Write("settings/Quillmark Tools.ini",
+                "\xEF\xBB\xBF; edited by hand\r\n[ Options ]\r\n  AutoSave = 1 \r\n\r\n# note\r\n"
+                "SaveInterval=\t7\r\n[Search]\rCol1=1440");
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.GetAllSettings(kApp, u"Options"),
+            (Pairs{{u"AutoSave", u"1"}, {u"SaveInterval", u"7"}}));
+  EXPECT_EQ(store.GetSetting(kApp, u"Search", u"Col1", u""), u"1440");
+  EXPECT_TRUE(store.Problems().empty());
+}
+
+TEST_F(IniStore, ValuesAndNamesWithAnyCharacterComeBackFromDisk) {
+  using namespace std::string_literals;
+  const std::u16string texts[] = {
+      u""s,         u" leading"s,     u"trailing "s, u"  "s,       u"\t"s,          u"back\\slash"s,
+      u"\\s\\n\\"s, u"two\r\nlines"s, u"cr\ronly"s,  u"a=b=c"s,    u"[not]"s,       u";x"s,
+      u"#x"s,       u"é中😀"s,         u"nul\0in"s,   u"\x7f\x01"s, u"\xDC80 lone"s, u"\xD800"s,
+      u"\\u0041"s,  u" = "s,
+  };
+  {
+    vb::IniSettingsStore writer(folder_.Path());
+    for (const auto& text : texts) writer.SaveSetting(kApp, text, text, text);
+  }
+  vb::IniSettingsStore reader(folder_.Path());
+  for (const auto& text : texts) {
+    SCOPED_TRACE(vb::ToUtf8(text));
+    EXPECT_EQ(reader.GetAllSettings(kApp, text), (Pairs{{text, text}}));
+  }
+  EXPECT_TRUE(reader.Problems().empty());
+}
+
+TEST_F(IniStore, ApplicationNamesThatCannotBeFileNamesAreEncoded) {
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.FileOf(u"a/b%c").filename(), "a%2Fb%25c.ini");
+  EXPECT_EQ(store.FileOf(u"..").filename(), "%2E..ini");
+  store.SaveSetting(u"a/b", u"S", u"K", u"v");
+  EXPECT_EQ(vb::IniSettingsStore(folder_.Path()).GetSetting(u"a/b", u"S", u"K", u""), u"v");
+}
+
+struct DamagedCase {
+  const char* name;
+  std::string bytes;
+  int line;
+};
+
+class DamagedFile : public IniStore, public ::testing::WithParamInterface<DamagedCase> {};
+
+TEST_P(DamagedFile, ReadsAsDefaultsIsReportedOnceAndIsKeptUntilAWrite) {
+  const DamagedCase& c = GetParam();
+  auto file = folder_.Write("settings/Quillmark Tools.ini", c.bytes);
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u"0"), u"0");
+  EXPECT_TRUE(store.GetAllSettings(kApp, u"Options").empty());
+  ASSERT_EQ(store.Problems().size(), 1u);
+  EXPECT_EQ(store.Problems()[0].rfind(file.string() + ":" + std::to_string(c.line) + ": ", 0), 0u)
+      << store.Problems()[0];
+  EXPECT_EQ(qmtest::TempFolder::Read(file), c.bytes);
+
+  store.SaveSetting(kApp, u"Options", u"SaveInterval", u"9");
+  EXPECT_EQ(store.Problems().size(), 1u);
+  EXPECT_EQ(qmtest::TempFolder::Read(file), "[Options]\nSaveInterval=9\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ini, DamagedFile,
+    ::testing::Values(DamagedCase{"InvalidUtf8", "[Options]\nAutoSave=1\nSaveInterval=\xC3(\n", 3},
+                      DamagedCase{"Overlong", "[Options]\r\nAutoSave=\xC0\xAF\r\n", 2},
+                      DamagedCase{"EncodedSurrogate", "[Options]\nA=\xED\xA0\x80\n", 2},
+                      DamagedCase{"Truncated", "[Options]\nAutoSave=\xE4\xB8", 2},
+                      DamagedCase{"NoEquals", "[Options]\nAutoSave=1\n\nAutoSave 1\n", 4},
+                      DamagedCase{"KeyBeforeSection", "AutoSave=1\n[Options]\n", 1},
+                      DamagedCase{"OpenSection", "[Options]\nAutoSave=1\n[Search\n", 3},
+                      DamagedCase{"TextAfterSection", "[Options] x\nAutoSave=1\n", 1},
+                      DamagedCase{"BadEscape", "[Options]\nAutoSave=1\nA=\\q\n", 3},
+                      DamagedCase{"ShortUnicodeEscape", "[Options]\nA=\\u12\n", 2},
+                      DamagedCase{"DanglingBackslash", "[Options]\nA=x\\\n", 2}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(IniStore, UnreadableFileIsReportedAndReadsAsDefaults) {
+  std::filesystem::create_directories(folder_.Path() / "settings" / "Quillmark Tools.ini");
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u"0"), u"0");
+  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"SaveInterval", u"5"), u"5");
+  ASSERT_EQ(store.Problems().size(), 1u);
+  EXPECT_NE(store.Problems()[0].find("Quillmark Tools.ini"), std::string::npos);
+}
+
+class FailingRenameStore : public vb::IniSettingsStore {
+ public:
+  using IniSettingsStore::IniSettingsStore;
+  bool failRename = false;
+
+ protected:
+  void ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    if (failRename) throw std::filesystem::filesystem_error("rename", from, to, {});
+    IniSettingsStore::ReplaceFile(from, to);
+  }
+};
+
+TEST_F(IniStore, AFailedRenameLeavesTheOldFileAndTheOldValues) {
+  FailingRenameStore store(folder_.Path());
+  store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+  const std::string before = qmtest::TempFolder::Read(FileOf(kApp));
+  store.failRename = true;
+  try {
+    store.SaveSetting(kApp, u"Options", u"AutoSave", u"0");
+    FAIL() << "expected a run-time error";
+  } catch (const vb::Error& e) {
+    EXPECT_EQ(e.Number(), 75);
+    EXPECT_NE(e.Description().find(u"Quillmark Tools.ini"), std::u16string::npos);
+  }
+  EXPECT_EQ(qmtest::TempFolder::Read(FileOf(kApp)), before);
+  EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
+  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
+}
+
+TEST_F(IniStore, AFolderThatCannotBeMadeRaisesPathNotFound) {
+  folder_.Write("settings", "a file where the folder should be");
+  vb::IniSettingsStore store(folder_.Path());
+  try {
+    store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+    FAIL() << "expected a run-time error";
+  } catch (const vb::Error& e) {
+    EXPECT_EQ(e.Number(), 76);
+  }
+}
+
+TEST(UserFolder, FollowsTheEnvironmentInItsOrderOfPreference) {
+  EXPECT_EQ(vb::DefaultUserFolder("/q", "/x", "/h"), "/q");
+  EXPECT_EQ(vb::DefaultUserFolder("", "/x", "/h"), "/x/quillmark");
+  EXPECT_EQ(vb::DefaultUserFolder("", "", "/h"), "/h/.config/quillmark");
+}
+
+TEST(IniEscapes, MalformedEscapesAreRejected) {
+  for (std::u16string_view text : {u"\\", u"a\\", u"\\q", u"\\u12", u"\\uZZZZ", u"\\u12G4"}) {
+    SCOPED_TRACE(vb::ToUtf8(text));
+    EXPECT_FALSE(vb::UnescapeIni(text).has_value());
+  }
+  EXPECT_EQ(vb::UnescapeIni(u"\\u00e9\\s\\=").value(), u"é =");
+}
+
+}  // namespace
