@@ -28,7 +28,7 @@ class CodePage {
   // Appends the decoded text to `out`.
   virtual void Decode(std::string_view bytes, std::u16string& out) const = 0;
   // Appends the encoded bytes to `out`. A character the page lacks is written as '?' (as Windows
-  // does) and counted in `unmappable` when given.
+  // does) and counted in `unmappable` (added to it) when given.
   virtual void Encode(std::u16string_view text, std::string& out,
                       std::size_t* unmappable = nullptr) const = 0;
 
