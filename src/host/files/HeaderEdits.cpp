@@ -1,0 +1,135 @@
+// host::files header edits.
+#include "host/files/HeaderEdits.h"
+
+#include <algorithm>
+
+#include "host/files/ModuleLines.h"
+#include "runtime/Error.h"
+#include "runtime/Utf.h"
+
+namespace host::files {
+namespace {
+
+vb::Error InvalidCall(std::u16string_view detail) {
+  return vb::Error::Standard(vb::err::kInvalidProcedureCall, detail);
+}
+
+// The bytes of a name that can stand in a Begin line or a quoted attribute and be read back.
+std::string EncodeName(std::u16string_view name, const vb::CodePage& codePage) {
+  bool unusable = name.empty() || std::any_of(name.begin(), name.end(), [](char16_t c) {
+                    return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'"';
+                  });
+  if (unusable) throw InvalidCall(u"not a name: \"" + std::u16string(name) + u"\"");
+  std::string bytes;
+  std::size_t unmappable = 0;
+  codePage.Encode(name, bytes, &unmappable);
+  if (unmappable > 0)
+    throw InvalidCall(u"\"" + std::u16string(name) + u"\" cannot be written in this code page");
+  return bytes;
+}
+
+// Replaces the name word of "Begin <class> <name>" in place, keeping indentation and the
+// trailing blank. Scanning bytes is safe in double-byte pages: blanks are never trail bytes.
+void ReplaceBeginName(std::string& line, std::string_view name) {
+  std::size_t p = 0;
+  auto skipBlanks = [&] {
+    while (p < line.size() && IsBlank(line[p])) ++p;
+  };
+  auto skipWord = [&] {
+    while (p < line.size() && !IsBlank(line[p])) ++p;
+  };
+  skipBlanks();
+  skipWord();  // Begin
+  skipBlanks();
+  skipWord();  // class
+  bool glued = p == line.size();
+  skipBlanks();
+  std::size_t start = p;
+  skipWord();
+  line.replace(start, p - start, glued ? " " + std::string(name) : std::string(name));
+}
+
+struct Found {
+  DesignerControl* control = nullptr;
+  DesignerControl* parent = nullptr;
+};
+
+Found FindControl(DesignerControl& parent, int beginLine) {
+  for (DesignerControl& child : parent.children) {
+    if (child.beginLine == beginLine) return {&child, &parent};
+    if (child.beginLine < beginLine && beginLine < child.endLine) {
+      Found inner = FindControl(child, beginLine);
+      if (inner.control) return inner;
+    }
+  }
+  return {};
+}
+
+Found RequireControl(ModuleFile& module, int beginLine) {
+  Found found;
+  if (module.designer) found = FindControl(*module.designer, beginLine);
+  if (!found.control)
+    throw InvalidCall(u"no control begins on header line " +
+                      vb::FromUtf8(std::to_string(beginLine)));
+  return found;
+}
+
+void RenameNameAttribute(ModuleFile& module, std::string_view name) {
+  auto begin = module.header.begin() + static_cast<std::ptrdiff_t>(module.attributesStart);
+  auto line = std::find_if(begin, module.header.end(),
+                           [](const RawLine& l) { return IsNameAttribute(l.bytes); });
+  std::string fresh = "Attribute VB_Name = \"" + std::string(name) + "\"";
+  if (line == module.header.end()) {
+    module.header.insert(begin, RawLine{fresh, Eol::CrLf});
+    return;
+  }
+  QuotedSpan quoted = FindQuoted(line->bytes);
+  if (!quoted.Found()) {
+    line->bytes = fresh;
+    return;
+  }
+  line->bytes.replace(quoted.open + 1, quoted.close - quoted.open - 1, name);
+}
+
+}  // namespace
+
+void RenameComponent(ModuleFile& module, std::u16string_view newName,
+                     const vb::CodePage& codePage) {
+  std::string name = EncodeName(newName, codePage);
+  RenameNameAttribute(module, name);
+  if (module.designer) ReplaceBeginName(module.header[module.designer->beginLine].bytes, name);
+  module.name = newName;
+  ParseDesigner(module, codePage);
+}
+
+void RenameControl(ModuleFile& module, int beginLine, std::u16string_view newName,
+                   const vb::CodePage& codePage) {
+  Found found = RequireControl(module, beginLine);
+  std::string name = EncodeName(newName, codePage);
+  ReplaceBeginName(module.header[found.control->beginLine].bytes, name);
+  ParseDesigner(module, codePage);
+}
+
+void RemoveControl(ModuleFile& module, int beginLine, const vb::CodePage& codePage) {
+  Found found = RequireControl(module, beginLine);
+  auto first = module.header.begin() + found.control->beginLine;
+  auto last = module.header.begin() + found.control->endLine + 1;
+  module.attributesStart -= static_cast<std::size_t>(last - first);
+  module.header.erase(first, last);
+  ParseDesigner(module, codePage);
+}
+
+void BringControlToFront(ModuleFile& module, int beginLine, const vb::CodePage& codePage) {
+  Found found = RequireControl(module, beginLine);
+  if (found.control->IsMenu()) return;
+  const std::vector<DesignerControl>& siblings = found.parent->children;
+  auto top = std::find_if(siblings.rbegin(), siblings.rend(),
+                          [](const DesignerControl& c) { return !c.IsMenu(); });
+  if (&*top == found.control) return;
+  auto lines = module.header.begin();
+  std::rotate(lines + found.control->beginLine, lines + found.control->endLine + 1,
+              lines + top->endLine + 1);
+  ParseDesigner(module, codePage);
+}
+
+}  // namespace host::files
