@@ -1,0 +1,40 @@
+// host::ModuleWalker: walks a module's statements with the procedure and block state.
+#include "host/ModuleWalker.h"
+
+namespace host {
+
+bool ModuleWalker::NextLine() {
+  if (!reader_.Next(line_)) return false;
+  splitter_ = StatementSplitter(line_.code);
+  return true;
+}
+
+bool ModuleWalker::NextStatement(WalkedStatement& walked) {
+  std::u16string_view text;
+  if (!splitter_.Next(text)) return false;
+  walked = WalkedStatement{ParseStatement(text), place_, false, false};
+  const StatementKind kind = walked.statement.kind;
+  switch (place_) {
+    case Place::Module:
+      if (kind == StatementKind::Procedure && lastClosedLine_ != line_.first) {
+        walked.opensProcedure = true;
+        place_ = Place::Procedure;
+      } else if (kind == StatementKind::Block) {
+        place_ = Place::Block;
+      }
+      break;
+    case Place::Procedure:
+      if (kind == StatementKind::EndProcedure) {
+        walked.closesProcedure = true;
+        place_ = Place::Module;
+        lastClosedLine_ = line_.first;
+      }
+      break;
+    case Place::Block:
+      if (kind == StatementKind::EndBlock) place_ = Place::Module;
+      break;
+  }
+  return true;
+}
+
+}  // namespace host
