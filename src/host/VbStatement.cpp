@@ -96,7 +96,27 @@ Statement ParseDeclaration(VbWords& words, const Modifiers& m) {
   return s;
 }
 
+// Reads an End statement once "End" is consumed.
+Statement ReadEnd(VbWords& words) {
+  Statement s;
+  if (words.Accept(u"Sub") || words.Accept(u"Function") || words.Accept(u"Property")) {
+    s.kind = StatementKind::EndProcedure;
+  } else if (words.Accept(u"Type") || words.Accept(u"Enum")) {
+    s.kind = StatementKind::EndBlock;
+  }
+  return s;
+}
+
 }  // namespace
+
+Statement ParseEnd(std::u16string_view text) {
+  VbWords words(text);
+  words.SkipLineNumber();
+  if (words.Accept(u"End")) return ReadEnd(words);
+  Statement s;
+  if (words.AtEnd()) s.kind = StatementKind::Blank;
+  return s;
+}
 
 Statement ParseStatement(std::u16string_view text) {
   VbWords words(text);
@@ -110,14 +130,7 @@ Statement ParseStatement(std::u16string_view text) {
     s.kind = StatementKind::Directive;
     return s;
   }
-  if (words.Accept(u"End")) {
-    if (words.Accept(u"Sub") || words.Accept(u"Function") || words.Accept(u"Property")) {
-      s.kind = StatementKind::EndProcedure;
-    } else if (words.Accept(u"Type") || words.Accept(u"Enum")) {
-      s.kind = StatementKind::EndBlock;
-    }
-    return s;
-  }
+  if (words.Accept(u"End")) return ReadEnd(words);
   const Modifiers m = ReadModifiers(words);
   if (m.dim) {
     // "Dim" leaves only variables: "Dim Type As Long" declares a variable named Type.

@@ -37,4 +37,8 @@ struct Statement {
 // skipped.
 Statement ParseStatement(std::u16string_view text);
 
+// The same for a statement inside a procedure, where only End Sub/Function/Property and End
+// Type/Enum are told apart; everything else is Other (or Blank).
+Statement ParseEnd(std::u16string_view text);
+
 }  // namespace host
