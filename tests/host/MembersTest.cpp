@@ -90,6 +90,8 @@ const std::vector<MembersCase> kCases = {
     {"names in brackets and DBCS",
      u"Dim [my value] As Long\nPublic \u540d\u524d As String\nSub \u691c\u7d22()\nEnd Sub",
      "my value 3 1 @1; \u540d\u524d 3 2 @2; \u691c\u7d22 1 2 @3"},
+    {"a declaration between procedures keeps its place in the order",
+     u"Sub A()\nEnd Sub\nDim stray As Long\nSub B(): End Sub", "A 1 2 @1; stray 3 1 @3; B 1 2 @4"},
     {"an empty module", u"", ""},
 };
 

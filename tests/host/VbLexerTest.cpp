@@ -106,22 +106,6 @@ TEST(LogicalLineReader, JoinsContinuedLines) {
   EXPECT_FALSE(reader.Next(line));
 }
 
-TEST(LogicalLineReader, TellsBlankCommentAndCodeLinesApart) {
-  const auto lines = VbLines(u"   \n' c\nx\n\t");
-  LogicalLineReader reader(lines);
-  LogicalLine line;
-  ASSERT_TRUE(reader.Next(line));
-  EXPECT_TRUE(line.IsBlank());
-  ASSERT_TRUE(reader.Next(line));
-  EXPECT_FALSE(line.IsBlank());
-  EXPECT_FALSE(line.HasCode());
-  ASSERT_TRUE(reader.Next(line));
-  EXPECT_TRUE(line.HasCode());
-  ASSERT_TRUE(reader.Next(line));
-  EXPECT_TRUE(line.IsBlank());
-  EXPECT_FALSE(reader.Next(line));
-}
-
 std::u16string JoinStatements(std::u16string_view code) {
   StatementSplitter splitter(code);
   std::u16string joined;
