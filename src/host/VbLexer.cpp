@@ -27,6 +27,13 @@ std::size_t ContinuationMark(std::u16string_view text) {
   return mark;
 }
 
+bool IsLineNumber(std::u16string_view word) {
+  for (const char16_t c : word) {
+    if (c < u'0' || c > u'9') return false;
+  }
+  return true;
+}
+
 // The end of the word starting at `pos`.
 std::size_t WordEnd(std::u16string_view text, std::size_t pos) {
   while (pos < text.size() && IsIdentifierUnit(text[pos])) ++pos;
@@ -102,7 +109,8 @@ PhysicalLine ScanPhysicalLine(std::u16string_view text, bool inComment, bool atS
           OnlyBlanksFrom(text, end)) {
         return PhysicalLine{text.substr(0, i), false, true, false, start};
       }
-      start = false;
+      // A line number ("10 Rem ...") still leaves the statement to come.
+      start = start && IsLineNumber(text.substr(i, end - i));
       i = end;
     } else {
       start = false;

@@ -33,6 +33,8 @@ TEST(ScanPhysicalLine, SeparatesCodeCommentAndContinuation) {
       {u"  rem: x", false, u"  ", true, false, false},
       {u"x = 1: Rem why", false, u"x = 1: ", true, false, false},
       {u"Remark = 1", false, u"Remark = 1", false, false, false},
+      {u"10 Rem it's: x", false, u"10 ", true, false, false},
+      {u"x1 Rem it's", false, u"x1 Rem it", true, false, false},
       {u"x = Rem", false, u"x = Rem", false, false, false},
       {u"Foo _", false, u"Foo ", false, true, false},
       {u"Foo _  ", false, u"Foo ", false, true, false},
