@@ -56,12 +56,12 @@ def main():
            "// do not edit.",
            "// clang-format off",
            "",
-           "constexpr std::uint8_t kFoldBlock[256] = {"]
+           "inline constexpr std::uint8_t kFoldBlock[256] = {"]
     for start in range(0, 256, 16):
         out.append("    " + ", ".join(f"{v:3}" for v in index[start:start + 16]) + ",")
     out.append("};")
     out.append("")
-    out.append(f"constexpr std::uint16_t kFoldDelta[{len(blocks)}][256] = {{")
+    out.append(f"inline constexpr std::uint16_t kFoldDelta[{len(blocks)}][256] = {{")
     for block in blocks:
         out.append("   {")
         for start in range(0, 256, 12):

@@ -21,6 +21,11 @@ using Date = std::chrono::sys_time<std::chrono::milliseconds>;
 std::int32_t InStr(std::int32_t start, std::u16string_view text, std::u16string_view find,
                    CompareMethod compare = CompareMethod::Binary);
 
+// InStr with text comparison for a needle that is already FoldCase(find), so that a search over
+// many lines folds its needle once. Same rules and errors as InStr.
+std::int32_t InStrFolded(std::int32_t start, std::u16string_view text,
+                         std::u16string_view foldedFind);
+
 // Trim, LTrim and RTrim remove spaces (U+0020) only; tabs stay.
 std::u16string Trim(std::u16string_view text);
 std::u16string LTrim(std::u16string_view text);
