@@ -28,7 +28,8 @@ class CodePage {
   // Appends the decoded text to `out`.
   virtual void Decode(std::string_view bytes, std::u16string& out) const = 0;
   // Appends the encoded bytes to `out`. A character the page lacks is written as '?' (as Windows
-  // does) and counted in `unmappable` (added to it) when given.
+  // does) and counted in `unmappable` (added to it) when given; in an ANSI page a character
+  // beyond the BMP gives one '?' per UTF-16 unit, and in UTF-8 only lone surrogates are lacking.
   virtual void Encode(std::u16string_view text, std::string& out,
                       std::size_t* unmappable = nullptr) const = 0;
 
@@ -45,6 +46,8 @@ class CodePage {
 };
 
 // True for the U+DC80..U+DCFF units that stand for undecodable bytes.
-constexpr bool IsEscapedByte(char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }
+constexpr bool IsEscapedByte(char16_t unit) {
+  return unit >= 0xDC80 && unit <= 0xDCFF;
+}
 
 }  // namespace vb

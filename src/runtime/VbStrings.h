@@ -39,16 +39,19 @@ std::u16string Mid(std::u16string_view text, std::int32_t start, std::int32_t le
 
 // Val: the number at the start of the text, ignoring spaces, tabs and line feeds anywhere in
 // it; "&H" and "&O" prefixes; a decimal point is always "."; text that does not start with a
-// number gives 0.
+// number gives 0. A radix literal is an Integer when it fits 16 bits ("&HFFFF" is -1) unless a
+// trailing "&" makes it a Long; beyond a Double or a Long raises error 6.
 double Val(std::u16string_view text);
 
 // IsNumeric for a string: VB's rules for numeric text (surrounding spaces, a leading or
 // trailing sign, one decimal point, an exponent, "&H"/"&O" literals, thousands separators and
-// a currency sign in the en-US locale).
+// a currency sign in the en-US locale, parentheses for a negative amount). Text beyond a
+// Double is not numeric.
 bool IsNumeric(std::u16string_view text);
 
 // CInt and CLng round half to even (banker's rounding) and raise error 6 (Overflow) outside
-// their range. The string forms convert numeric text (IsNumeric) and raise 13 otherwise.
+// their range. The string forms convert numeric text (IsNumeric) and raise 13 otherwise (6 when
+// the text is a number beyond a Double or the type). Error descriptions name the value.
 std::int16_t CInt(double value);
 std::int32_t CLng(double value);
 std::int16_t CInt(std::u16string_view text);
