@@ -18,7 +18,7 @@ namespace {
 
 vb::Error FileError(int number, const std::filesystem::path& path, int error) {
   std::string detail = path.string();
-  if (error != 0) detail += std::string(" (") + std::strerror(error) + ")";
+  if (error != 0) detail.append(" (").append(std::strerror(error)).append(")");
   return vb::Error::Standard(number, vb::FromUtf8(detail));
 }
 
@@ -88,7 +88,9 @@ std::string ReadFileBytes(const std::filesystem::path& path) {
 
 void WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
   std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
-  std::string pattern = (folder / ("." + path.filename().string() + ".XXXXXX")).string();
+  std::string hidden = ".";
+  hidden.append(path.filename().string()).append(".XXXXXX");
+  std::string pattern = (folder / hidden).string();
   std::vector<char> name(pattern.begin(), pattern.end());
   name.push_back('\0');
   Descriptor fd(::mkstemp(name.data()));

@@ -2,6 +2,7 @@
 #include "host/files/GroupFile.h"
 
 #include "host/files/AsciiText.h"
+#include "host/files/Concat.h"
 #include "host/files/LineScanner.h"
 #include "runtime/Utf.h"
 
@@ -23,13 +24,15 @@ GroupFile ReadGroup(std::string_view bytes, const vb::CodePage& codePage, const 
     if (TrimBlanks(line).empty()) continue;
     std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) {
-      report(i, "not a Key=Value line: \"" + vb::ToUtf8(codePage.Decode(line)) + "\"", false);
+      report(i, Concat({"not a Key=Value line: \"", vb::ToUtf8(codePage.Decode(line)), "\""}),
+             false);
       continue;
     }
     std::string_view key = line.substr(0, equals);
     bool startup = EqualsAsciiNoCase(key, "StartupProject");
     if (!startup && !EqualsAsciiNoCase(key, "Project")) {
-      report(i, "unknown key \"" + vb::ToUtf8(codePage.Decode(key)) + "\": kept as written", true);
+      report(i, Concat({"unknown key \"", vb::ToUtf8(codePage.Decode(key)), "\": kept as written"}),
+             true);
       continue;
     }
     group.projects.push_back(

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/files/Concat.h"
 #include "host/files/ModuleLines.h"
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
@@ -19,12 +20,12 @@ std::string EncodeName(std::u16string_view name, const vb::CodePage& codePage) {
   bool unusable = name.empty() || std::any_of(name.begin(), name.end(), [](char16_t c) {
                     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'"';
                   });
-  if (unusable) throw InvalidCall(u"not a name: \"" + std::u16string(name) + u"\"");
+  if (unusable) throw InvalidCall(Concat({u"not a name: \"", name, u"\""}));
   std::string bytes;
   std::size_t unmappable = 0;
   codePage.Encode(name, bytes, &unmappable);
   if (unmappable > 0)
-    throw InvalidCall(u"\"" + std::u16string(name) + u"\" cannot be written in this code page");
+    throw InvalidCall(Concat({u"\"", name, u"\" cannot be written in this code page"}));
   return bytes;
 }
 
@@ -46,7 +47,7 @@ void ReplaceBeginName(std::string& line, std::string_view name) {
   skipBlanks();
   std::size_t start = p;
   skipWord();
-  line.replace(start, p - start, glued ? " " + std::string(name) : std::string(name));
+  line.replace(start, p - start, glued ? Concat({" ", name}) : std::string(name));
 }
 
 struct Found {
@@ -69,8 +70,8 @@ Found RequireControl(ModuleFile& module, int beginLine) {
   Found found;
   if (module.designer) found = FindControl(*module.designer, beginLine);
   if (!found.control)
-    throw InvalidCall(u"no control begins on header line " +
-                      vb::FromUtf8(std::to_string(beginLine)));
+    throw InvalidCall(
+        Concat({u"no control begins on header line ", vb::FromUtf8(std::to_string(beginLine))}));
   return found;
 }
 
@@ -78,7 +79,7 @@ void RenameNameAttribute(ModuleFile& module, std::string_view name) {
   auto begin = module.header.begin() + static_cast<std::ptrdiff_t>(module.attributesStart);
   auto line = std::find_if(begin, module.header.end(),
                            [](const RawLine& l) { return IsNameAttribute(l.bytes); });
-  std::string fresh = "Attribute VB_Name = \"" + std::string(name) + "\"";
+  std::string fresh = Concat({"Attribute VB_Name = \"", name, "\""});
   if (line == module.header.end()) {
     module.header.insert(begin, RawLine{fresh, Eol::CrLf});
     return;

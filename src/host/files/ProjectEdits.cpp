@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "host/files/AsciiText.h"
+#include "host/files/Concat.h"
 #include "host/files/ProjectFile.h"
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
@@ -18,12 +19,12 @@ std::string EncodeValue(std::u16string_view text, const vb::CodePage& codePage) 
   bool unusable = std::any_of(text.begin(), text.end(),
                               [](char16_t c) { return c == u'"' || c == u'\r' || c == u'\n'; });
   if (unusable)
-    throw InvalidCall(u"cannot be written in a project file: \"" + std::u16string(text) + u"\"");
+    throw InvalidCall(Concat({u"cannot be written in a project file: \"", text, u"\""}));
   std::string bytes;
   std::size_t unmappable = 0;
   codePage.Encode(text, bytes, &unmappable);
   if (unmappable > 0)
-    throw InvalidCall(u"\"" + std::u16string(text) + u"\" cannot be written in this code page");
+    throw InvalidCall(Concat({u"\"", text, u"\" cannot be written in this code page"}));
   return bytes;
 }
 
@@ -48,14 +49,14 @@ void InsertLine(ProjectFile& project, std::size_t at, std::string bytes) {
 
 const ProjectItem& RequireItem(const ProjectFile& project, std::size_t item) {
   if (item >= project.items.size())
-    throw InvalidCall(u"no project item " + vb::FromUtf8(std::to_string(item)));
+    throw InvalidCall(Concat({u"no project item ", vb::FromUtf8(std::to_string(item))}));
   return project.items[item];
 }
 
 }  // namespace
 
 void SetProjectName(ProjectFile& project, std::u16string_view name, const vb::CodePage& codePage) {
-  std::string line = "Name=\"" + EncodeValue(name, codePage) + "\"";
+  std::string line = Concat({"Name=\"", EncodeValue(name, codePage), "\""});
   std::size_t end = FirstSectionLine(project);
   for (std::size_t i = 0; i < end; ++i) {
     std::string& bytes = project.lines[i].bytes;
@@ -79,7 +80,7 @@ void SetItemName(ProjectFile& project, std::size_t item, std::u16string_view nam
   if (target.kind != ItemKind::Module && target.kind != ItemKind::Class)
     throw InvalidCall(u"only Module and Class lines carry a name");
   if (name.empty() || name.find(u';') != std::u16string_view::npos)
-    throw InvalidCall(u"not a module name: \"" + std::u16string(name) + u"\"");
+    throw InvalidCall(Concat({u"not a module name: \"", name, u"\""}));
   std::string encoded = EncodeValue(name, codePage);
   std::string& bytes = project.lines[static_cast<std::size_t>(target.line)].bytes;
   std::size_t equals = bytes.find('=');
@@ -87,7 +88,7 @@ void SetItemName(ProjectFile& project, std::size_t item, std::u16string_view nam
   // ';' is below 0x40 and so never the trail byte of a double-byte character.
   if (semicolon == std::string::npos) {
     std::string path = bytes.substr(equals + 1);
-    bytes = std::string(ItemKey(target.kind)) + "=" + encoded + "; " + path;
+    bytes = Concat({ItemKey(target.kind), "=", encoded, "; ", path});
   } else {
     bytes.replace(equals + 1, semicolon - equals - 1, encoded);
   }
@@ -100,10 +101,10 @@ std::size_t AddItem(ProjectFile& project, ItemKind kind, std::u16string_view nam
   line += '=';
   if (kind == ItemKind::Module || kind == ItemKind::Class) {
     if (name.empty() || name.find(u';') != std::u16string_view::npos)
-      throw InvalidCall(u"not a module name: \"" + std::u16string(name) + u"\"");
-    line += EncodeValue(name, codePage) + "; " + EncodeValue(path, codePage);
+      throw InvalidCall(Concat({u"not a module name: \"", name, u"\""}));
+    line += Concat({EncodeValue(name, codePage), "; ", EncodeValue(path, codePage)});
   } else if (kind == ItemKind::ResFile) {
-    line += "\"" + EncodeValue(path, codePage) + "\"";
+    line += Concat({"\"", EncodeValue(path, codePage), "\""});
   } else {
     line += EncodeValue(path, codePage);
   }

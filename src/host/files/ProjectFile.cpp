@@ -4,6 +4,7 @@
 #include <array>
 
 #include "host/files/AsciiText.h"
+#include "host/files/Concat.h"
 #include "host/files/LineScanner.h"
 #include "runtime/Utf.h"
 
@@ -174,7 +175,8 @@ void Scan(ProjectFile& project, const vb::CodePage& codePage, const std::string*
     if (TrimBlanks(bytes).empty()) continue;
     std::size_t equals = bytes.find('=');
     if (equals == std::string_view::npos) {
-      report(i, "not a Key=Value line: \"" + vb::ToUtf8(codePage.Decode(bytes)) + "\"", false);
+      report(i, Concat({"not a Key=Value line: \"", vb::ToUtf8(codePage.Decode(bytes)), "\""}),
+             false);
       continue;
     }
     std::string_view key = bytes.substr(0, equals);
@@ -188,7 +190,8 @@ void Scan(ProjectFile& project, const vb::CodePage& codePage, const std::string*
       if (!named) project.name = Unquote(value);
       named = true;
     } else if (!IsSettingKey(key)) {
-      report(i, "unknown key \"" + vb::ToUtf8(codePage.Decode(key)) + "\": kept as written", true);
+      report(i, Concat({"unknown key \"", vb::ToUtf8(codePage.Decode(key)), "\": kept as written"}),
+             true);
     }
   }
   if (project.type.empty() && problems)

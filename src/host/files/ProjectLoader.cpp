@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 
+#include "host/files/Concat.h"
 #include "host/files/FileIo.h"
 #include "host/files/PathResolver.h"
 #include "runtime/Error.h"
@@ -50,7 +51,8 @@ class Loader {
       const ProjectItem& item = items[i];
       if (item.kind == ItemKind::Reference || item.kind == ItemKind::Object) continue;
       std::optional<std::filesystem::path> path = resolver_.Resolve(folder, item.path);
-      if (!path) Report(vbp, item.line, "file not found: \"" + vb::ToUtf8(item.path) + "\"");
+      if (!path)
+        Report(vbp, item.line, Concat({"file not found: \"", vb::ToUtf8(item.path), "\""}));
       std::optional<ModuleKind> kind = ModuleKindOf(item.kind);
       if (!kind) {
         loaded.documents.push_back({i, path});
@@ -74,7 +76,8 @@ class Loader {
       std::optional<std::filesystem::path> path =
           resolver_.Resolve(vbg.parent_path(), entries[i].path);
       if (!path) {
-        Report(vbg, entries[i].line, "file not found: \"" + vb::ToUtf8(entries[i].path) + "\"");
+        Report(vbg, entries[i].line,
+               Concat({"file not found: \"", vb::ToUtf8(entries[i].path), "\""}));
         continue;
       }
       loaded.projects.push_back(Project(*path));
