@@ -19,6 +19,7 @@ class Project;
 class CodeModule;
 class Designer;
 class Window;
+class Component;
 
 class Components final : public vbide::VBComponents,
                          public std::enable_shared_from_this<Components> {

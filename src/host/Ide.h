@@ -14,6 +14,7 @@
 #include "host/EventHub.h"
 #include "host/Window.h"
 #include "host/files/Problem.h"
+#include "host/files/ProjectLoader.h"
 #include "runtime/Clipboard.h"
 #include "vbide/ClassRegistry.h"
 #include "vbide/VBE.h"
@@ -115,6 +116,7 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
  private:
   explicit Ide(Options options);
   void Init();
+  std::shared_ptr<Project> AddLoadedProject(files::LoadedProject loaded, const vb::CodePage& codePage);
 
   Options options_;
   std::shared_ptr<EventHub> hub_;

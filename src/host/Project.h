@@ -15,6 +15,7 @@ namespace host {
 
 class Ide;
 class Components;
+class Project;
 
 class Projects final : public vbide::VBProjects, public std::enable_shared_from_this<Projects> {
  public:

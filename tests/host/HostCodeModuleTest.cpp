@@ -1,0 +1,150 @@
+// Contract: code modules — lines, edits, ranges and procedure questions through the object model.
+#include <gtest/gtest.h>
+
+#include "support/IdeBuilder.h"
+#include "vbide/CodeModule.h"
+#include "vbide/Member.h"
+#include "vbide/VBComponent.h"
+#include "vbide/VBProject.h"
+
+namespace {
+
+using qmtest::IdeBuilder;
+
+vbide::CodeModulePtr ModuleOf(const std::shared_ptr<host::Ide>& ide, std::u16string_view name) {
+  return ide->VBProjects()->Item(1)->VBComponents()->Item(name)->CodeModule();
+}
+
+int ErrorNumber(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const vb::Error& e) {
+    return e.Number();
+  }
+  return 0;
+}
+
+const char16_t* kOrders =
+    u"Option Explicit\n"
+    u"Private mTotal As Currency\n"
+    u"\n"
+    u"' Adds one order line\n"
+    u"Public Sub AddLine(ByVal amount As Currency)\n"
+    u"    mTotal = mTotal + amount\n"
+    u"End Sub\n"
+    u"\n"
+    u"Public Property Get Total() As Currency\n"
+    u"    Total = mTotal\n"
+    u"End Property\n"
+    u"Public Property Let Total(ByVal value As Currency)\n"
+    u"    mTotal = value\n"
+    u"End Property";
+
+TEST(CodeModuleLines, JoinsRangesWithCrLfAndRejectsLinesOutside) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  EXPECT_EQ(m->CountOfLines(), 14);
+  EXPECT_EQ(m->Lines(1, 2), u"Option Explicit\r\nPrivate mTotal As Currency");
+  EXPECT_EQ(m->Lines(3, 0), u"");
+  EXPECT_EQ(m->Lines(14, 1), u"End Property");
+  EXPECT_EQ(ErrorNumber([&] { m->Lines(0, 1); }), 5);
+  EXPECT_EQ(ErrorNumber([&] { m->Lines(14, 2); }), 5);
+  EXPECT_EQ(ErrorNumber([&] { m->Lines(15, 1); }), 5);
+}
+
+TEST(CodeModuleEdits, InsertSplitsAtEveryLineBreakAndAppendsAfterTheLastLine) {
+  auto ide = IdeBuilder().Module(u"modA", u"a\nb").Build();
+  auto m = ModuleOf(ide, u"modA");
+  m->InsertLines(2, u"x\r\ny\rz\nw");
+  EXPECT_EQ(m->Lines(1, m->CountOfLines()), u"a\r\nx\r\ny\r\nz\r\nw\r\nb");
+  m->InsertLines(m->CountOfLines() + 1, u"last\r\n");  // a trailing break adds an empty line
+  EXPECT_EQ(m->CountOfLines(), 8);
+  EXPECT_EQ(m->Lines(7, 2), u"last\r\n");
+  EXPECT_EQ(ErrorNumber([&] { m->InsertLines(10, u"far"); }), 5);
+}
+
+TEST(CodeModuleEdits, DeleteAndReplaceWorkOnWholeLines) {
+  auto ide = IdeBuilder().Module(u"modA", u"one\ntwo\nthree\nfour").Build();
+  auto m = ModuleOf(ide, u"modA");
+  m->DeleteLines(2, 2);
+  EXPECT_EQ(m->Lines(1, 2), u"one\r\nfour");
+  m->ReplaceLine(2, u"4\r\n5");  // a line break makes two lines
+  EXPECT_EQ(m->Lines(1, m->CountOfLines()), u"one\r\n4\r\n5");
+  EXPECT_EQ(ErrorNumber([&] { m->DeleteLines(3, 2); }), 5);
+  EXPECT_EQ(ErrorNumber([&] { m->ReplaceLine(4, u"x"); }), 5);
+  m->DeleteLines(1);
+  EXPECT_EQ(m->Lines(1, 1), u"4");
+}
+
+TEST(CodeModuleEdits, AddFromStringGoesRightAfterTheDeclarations) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Module(u"modEmpty", u"Option Explicit").Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  ASSERT_EQ(m->CountOfDeclarationLines(), 2);
+  m->AddFromString(u"Public Sub Clear()\r\n\r\nEnd Sub");
+  EXPECT_EQ(m->Lines(3, 3), u"Public Sub Clear()\r\n\r\nEnd Sub");
+  EXPECT_EQ(m->Lines(6, 1), u"");  // the blank line that stood above AddLine now follows Clear
+
+  auto empty = ModuleOf(ide, u"modEmpty");  // no procedure: the text is appended
+  empty->AddFromString(u"Sub A()\r\nEnd Sub");
+  EXPECT_EQ(empty->Lines(1, 3), u"Option Explicit\r\nSub A()\r\nEnd Sub");
+}
+
+TEST(CodeModuleProcedures, AnswersRegionsByNameAndKind) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  vbide::vbext_ProcKind kind = vbide::vbext_pk_Get;
+  EXPECT_EQ(m->ProcOfLine(2, kind), u"");
+  EXPECT_EQ(kind, vbide::vbext_pk_Proc);
+  EXPECT_EQ(m->ProcOfLine(4, kind), u"AddLine");  // the comment above belongs to the procedure
+  EXPECT_EQ(m->ProcOfLine(10, kind), u"Total");
+  EXPECT_EQ(kind, vbide::vbext_pk_Get);
+  EXPECT_EQ(m->ProcOfLine(13, kind), u"Total");
+  EXPECT_EQ(kind, vbide::vbext_pk_Let);
+
+  EXPECT_EQ(m->ProcStartLine(u"addline", vbide::vbext_pk_Proc), 3);
+  EXPECT_EQ(m->ProcBodyLine(u"AddLine", vbide::vbext_pk_Proc), 5);
+  EXPECT_EQ(m->ProcCountLines(u"AddLine", vbide::vbext_pk_Proc), 5);
+  EXPECT_EQ(m->ProcStartLine(u"Total", vbide::vbext_pk_Let), 12);
+  EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Total", vbide::vbext_pk_Proc); }), 35);
+  EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Missing", vbide::vbext_pk_Proc); }), 35);
+  EXPECT_EQ(ErrorNumber([&] { m->ProcOfLine(15, kind); }), 5);
+}
+
+TEST(CodeModuleProcedures, FollowEditsWithoutBeingAskedToRebuild) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  vbide::vbext_ProcKind kind;
+  EXPECT_EQ(m->ProcOfLine(6, kind), u"AddLine");
+  m->InsertLines(5, u"Public Sub Reset()\r\nEnd Sub");
+  EXPECT_EQ(m->ProcOfLine(6, kind), u"Reset");
+  EXPECT_EQ(m->ProcBodyLine(u"AddLine", vbide::vbext_pk_Proc), 7);
+  m->DeleteLines(5, 2);
+  EXPECT_EQ(ErrorNumber([&] { m->ProcBodyLine(u"Reset", vbide::vbext_pk_Proc); }), 35);
+}
+
+TEST(CodeModuleMembers, ListModuleLevelNamesInOrderAndFollowEdits) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  auto members = m->Members();
+  ASSERT_EQ(members->Count(), 3);
+  EXPECT_EQ(members->Item(1)->Name(), u"mTotal");
+  EXPECT_EQ(members->Item(1)->Type(), vbide::vbext_mt_Variable);
+  EXPECT_EQ(members->Item(u"addline")->Type(), vbide::vbext_mt_Method);
+  EXPECT_EQ(members->Item(u"Total")->CodeLocation(), 9);
+  EXPECT_EQ(ErrorNumber([&] { members->Item(u"Nothing"); }), 9);
+  m->InsertLines(2, u"Public Const MAX_LINES As Integer = 99");
+  EXPECT_EQ(m->Members()->Item(1)->Name(), u"MAX_LINES");
+  EXPECT_EQ(members->Count(), 3);  // a snapshot taken before the edit stays as it was
+}
+
+TEST(CodeModuleLifetime, AModuleOfARemovedComponentRaises91) {
+  auto ide = IdeBuilder().Module(u"modA", u"x = 1").Build();
+  auto components = ide->VBProjects()->Item(1)->VBComponents();
+  auto component = components->Item(u"modA");
+  auto m = component->CodeModule();
+  components->Remove(component);
+  EXPECT_EQ(ErrorNumber([&] { m->CountOfLines(); }), 91);
+  EXPECT_EQ(ErrorNumber([&] { component->Name(); }), 91);
+}
+
+}  // namespace
