@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "TempFolder.h"
+#include "support/TempFolder.h"
 #include "runtime/AppInfo.h"
 #include "runtime/Error.h"
 #include "runtime/FileSystem.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "TempFolder.h"
+#include "support/TempFolder.h"
 #include "runtime/Error.h"
 #include "runtime/IniSettingsStore.h"
 #include "runtime/SettingsIni.h"

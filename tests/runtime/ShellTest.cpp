@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <map>
 
-#include "TempFolder.h"
+#include "support/TempFolder.h"
 #include "runtime/DesktopShell.h"
 #include "runtime/FileSystem.h"
 #include "runtime/Utf.h"
