@@ -31,7 +31,7 @@ std::u16string Property(const DesignerControl& control, std::u16string_view name
   return u"<missing>";
 }
 
-TEST(DesignerTree, FormHoldsItsControlsInZOrderWithMenusLast) {
+TEST(FilesDesignerTree, FormHoldsItsControlsInZOrderWithMenusLast) {
   ModuleFile module = Read(Fixture("form.frm"), ModuleKind::Form);
   ASSERT_TRUE(module.designer);
   const DesignerControl& form = *module.designer;
@@ -51,7 +51,7 @@ TEST(DesignerTree, FormHoldsItsControlsInZOrderWithMenusLast) {
   EXPECT_EQ(Property(form, u"Caption"), u"\"Main\"");
 }
 
-TEST(DesignerTree, ControlArrayElementsKeepTheirIndexWhereverTheyStand) {
+TEST(FilesDesignerTree, ControlArrayElementsKeepTheirIndexWhereverTheyStand) {
   ModuleFile module = Read(Fixture("form.frm"), ModuleKind::Form);
   const auto& children = module.designer->children;
   EXPECT_EQ(children[0].index, 0);
@@ -65,7 +65,7 @@ TEST(DesignerTree, ControlArrayElementsKeepTheirIndexWhereverTheyStand) {
   }
 }
 
-TEST(DesignerTree, ContainersNestTheirChildren) {
+TEST(FilesDesignerTree, ContainersNestTheirChildren) {
   ModuleFile module = Read(Fixture("form.frm"), ModuleKind::Form);
   const DesignerControl& frame = module.designer->children[1];
   EXPECT_EQ(frame.className, u"VB.Frame");
@@ -78,7 +78,7 @@ TEST(DesignerTree, ContainersNestTheirChildren) {
   EXPECT_EQ(module.header[label.beginLine].bytes, "         Begin VB.Label lblDeep ");
 }
 
-TEST(DesignerTree, APropertyBlockIsOneEntryAndItsInsideIsNotReadAsProperties) {
+TEST(FilesDesignerTree, APropertyBlockIsOneEntryAndItsInsideIsNotReadAsProperties) {
   ModuleFile module = Read(Fixture("form.frm"), ModuleKind::Form);
   const DesignerControl& list = module.designer->children[2];
   EXPECT_EQ(list.className, u"MSComctlLib.ListView");
@@ -89,7 +89,7 @@ TEST(DesignerTree, APropertyBlockIsOneEntryAndItsInsideIsNotReadAsProperties) {
   EXPECT_TRUE(list.children.empty());
 }
 
-TEST(DesignerTree, MenusNestForSubmenus) {
+TEST(FilesDesignerTree, MenusNestForSubmenus) {
   ModuleFile module = Read(Fixture("form.frm"), ModuleKind::Form);
   const DesignerControl& file = module.designer->children[4];
   EXPECT_TRUE(file.IsMenu());
@@ -101,7 +101,7 @@ TEST(DesignerTree, MenusNestForSubmenus) {
   EXPECT_EQ(recent.children[0].index, 0);
 }
 
-TEST(DesignerTree, AMenuWrittenBeforeAControlIsStillListedAfterIt) {
+TEST(FilesDesignerTree, AMenuWrittenBeforeAControlIsStillListedAfterIt) {
   std::string bytes =
       "VERSION 5.00\r\nBegin VB.Form F \r\n   Begin VB.Menu mnuA \r\n   End\r\n"
       "   Begin VB.Label lblB \r\n   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n";
@@ -111,7 +111,7 @@ TEST(DesignerTree, AMenuWrittenBeforeAControlIsStillListedAfterIt) {
   EXPECT_EQ(WriteModule(module, Cp1252()), bytes);
 }
 
-TEST(DesignerTree, DesignerFilesKeepTheirNestedPropertyBlocksOutOfTheTree) {
+TEST(FilesDesignerTree, DesignerFilesKeepTheirNestedPropertyBlocksOutOfTheTree) {
   ModuleFile module = Read(Fixture("designer.dsr"), ModuleKind::Designer);
   ASSERT_TRUE(module.designer);
   const DesignerControl& root = *module.designer;
@@ -125,7 +125,7 @@ TEST(DesignerTree, DesignerFilesKeepTheirNestedPropertyBlocksOutOfTheTree) {
   EXPECT_EQ(Property(root, u"Name"), u"<missing>");
 }
 
-TEST(DesignerTree, ValuesKeepEqualsSignsAndQuotesAsWritten) {
+TEST(FilesDesignerTree, ValuesKeepEqualsSignsAndQuotesAsWritten) {
   std::string bytes =
       "VERSION 5.00\r\nBegin VB.Form F \r\n   Tag             =   \"a = b\"\r\n"
       "   Index           =   -3\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n";
@@ -134,7 +134,7 @@ TEST(DesignerTree, ValuesKeepEqualsSignsAndQuotesAsWritten) {
   EXPECT_EQ(module.designer->index, -3);
 }
 
-TEST(DesignerTree, OnlyDesignerKindsHaveOne) {
+TEST(FilesDesignerTree, OnlyDesignerKindsHaveOne) {
   EXPECT_FALSE(Read(Fixture("class.cls"), ModuleKind::Class).designer);
   EXPECT_FALSE(Read(Fixture("standard.bas"), ModuleKind::Standard).designer);
   for (auto [file, kind, cls] :

@@ -24,7 +24,7 @@ struct ResolveCase {
   const char* found;  // relative to the scratch folder; nullptr when nothing should be found
 };
 
-TEST(ResolvePath, MatchesEachSegmentIgnoringCaseAndFollowsDotDot) {
+TEST(FilesResolvePath, MatchesEachSegmentIgnoringCaseAndFollowsDotDot) {
   ScratchFolder scratch;
   WriteBytes(scratch / "Proj/Forms/FrmMain.frm", "f");
   WriteBytes(scratch / "Proj/Modules/util.BAS", "m");
@@ -56,7 +56,7 @@ TEST(ResolvePath, MatchesEachSegmentIgnoringCaseAndFollowsDotDot) {
   }
 }
 
-TEST(ResolvePath, DoubleByteNamesAreFoundAsRawBytesOrAsUtf8) {
+TEST(FilesResolvePath, DoubleByteNamesAreFoundAsRawBytesOrAsUtf8) {
   ScratchFolder scratch;
   std::string raw = "\x83t\x83H\x81[\x83\x80.frm";  // cp932, as unpacked from a Windows archive
   WriteBytes(scratch / raw, "r");
@@ -69,7 +69,7 @@ TEST(ResolvePath, DoubleByteNamesAreFoundAsRawBytesOrAsUtf8) {
   EXPECT_EQ(utf8Found->filename().native(), "\xE6\x97\xA5\xE6\x9C\xAC.bas");
 }
 
-TEST(ReadFileBytes, ReadsEveryByteAndNamesMissingFiles) {
+TEST(FilesReadBytes, ReadsEveryByteAndNamesMissingFiles) {
   ScratchFolder scratch;
   std::string bytes("a\0b\r\n\xFF", 6);
   WriteBytes(scratch / "x.bin", bytes);
@@ -97,7 +97,7 @@ std::vector<std::string> Entries(const std::filesystem::path& folder) {
   return names;
 }
 
-TEST(WriteFileAtomically, ReplacesTheFileKeepingItsPermissionsAndLeavesNoTemporary) {
+TEST(FilesAtomicWrite, ReplacesTheFileKeepingItsPermissionsAndLeavesNoTemporary) {
   ScratchFolder scratch;
   auto target = scratch / "Form1.frm";
   WriteFileAtomically(target, "first");
@@ -111,7 +111,7 @@ TEST(WriteFileAtomically, ReplacesTheFileKeepingItsPermissionsAndLeavesNoTempora
   EXPECT_EQ(Entries(scratch.Path()), (std::vector<std::string>{"Form1.frm"}));
 }
 
-TEST(WriteFileAtomically, AFailedWriteRaisesWithThePathAndLeavesTheOldState) {
+TEST(FilesAtomicWrite, AFailedWriteRaisesWithThePathAndLeavesTheOldState) {
   ScratchFolder scratch;
   auto folderTarget = scratch / "Form1.frm";
   std::filesystem::create_directory(folderTarget);
@@ -136,7 +136,7 @@ TEST(WriteFileAtomically, AFailedWriteRaisesWithThePathAndLeavesTheOldState) {
   }
 }
 
-TEST(WriteFileAtomically, AReadOnlyFolderKeepsTheOldFile) {
+TEST(FilesAtomicWrite, AReadOnlyFolderKeepsTheOldFile) {
   if (::geteuid() == 0) GTEST_SKIP() << "root may write into read-only folders";
   ScratchFolder scratch;
   auto target = scratch / "locked/Module1.bas";

@@ -36,7 +36,7 @@ std::size_t IndexOf(const std::vector<std::string>& lines, std::string_view line
   return static_cast<std::size_t>(it - lines.begin());
 }
 
-class HeaderEdit : public ::testing::Test {
+class FilesHeaderEdit : public ::testing::Test {
  protected:
   ModuleFile Load(const char* file, ModuleKind kind, const vb::CodePage& page = Cp1252()) {
     original = Fixture(file);
@@ -48,7 +48,7 @@ class HeaderEdit : public ::testing::Test {
   std::vector<std::string> lines;  // the original's lines, edited into the expected file
 };
 
-TEST_F(HeaderEdit, RenamingAFormChangesItsNameAttributeAndRootBeginLineOnly) {
+TEST_F(FilesHeaderEdit, RenamingAFormChangesItsNameAttributeAndRootBeginLineOnly) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   RenameComponent(module, u"frmHome", Cp1252());
   lines[IndexOf(lines, "Begin VB.Form frmMain ")] = "Begin VB.Form frmHome ";
@@ -59,14 +59,14 @@ TEST_F(HeaderEdit, RenamingAFormChangesItsNameAttributeAndRootBeginLineOnly) {
   EXPECT_EQ(module.designer->children.size(), 6u);
 }
 
-TEST_F(HeaderEdit, RenamingAModuleChangesItsNameAttribute) {
+TEST_F(FilesHeaderEdit, RenamingAModuleChangesItsNameAttribute) {
   ModuleFile module = Load("standard.bas", ModuleKind::Standard);
   RenameComponent(module, u"modStart", Cp1252());
   lines[0] = "Attribute VB_Name = \"modStart\"";
   EXPECT_EQ(WriteModule(module, Cp1252()), JoinCrLf(lines));
 }
 
-TEST_F(HeaderEdit, RenamingAModuleWithoutNameAttributeAddsOneOnTop) {
+TEST_F(FilesHeaderEdit, RenamingAModuleWithoutNameAttributeAddsOneOnTop) {
   ModuleFile module = Load("no_name.bas", ModuleKind::Standard);
   RenameComponent(module, u"modFound", Cp1252());
   lines.insert(lines.begin(), "Attribute VB_Name = \"modFound\"");
@@ -74,7 +74,7 @@ TEST_F(HeaderEdit, RenamingAModuleWithoutNameAttributeAddsOneOnTop) {
   EXPECT_EQ(module.code.Line(1), u"' a module someone wrote by hand");
 }
 
-TEST_F(HeaderEdit, RenamingOneArrayElementLeavesTheOthers) {
+TEST_F(FilesHeaderEdit, RenamingOneArrayElementLeavesTheOthers) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   RenameControl(module, module.designer->children[3].beginLine, u"cmdGo", Cp1252());
   std::size_t second = IndexOf(lines, "      Caption         =   \"Cancel\"") - 1;
@@ -85,7 +85,7 @@ TEST_F(HeaderEdit, RenamingOneArrayElementLeavesTheOthers) {
   EXPECT_EQ(module.designer->children[3].index, 1);
 }
 
-TEST_F(HeaderEdit, RenamingANestedControlKeepsItsIndentation) {
+TEST_F(FilesHeaderEdit, RenamingANestedControlKeepsItsIndentation) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   int label = module.designer->children[1].children[1].children[0].beginLine;
   RenameControl(module, label, u"lblDeeper", Cp1252());
@@ -93,7 +93,7 @@ TEST_F(HeaderEdit, RenamingANestedControlKeepsItsIndentation) {
   EXPECT_EQ(WriteModule(module, Cp1252()), JoinCrLf(lines));
 }
 
-TEST_F(HeaderEdit, RenamingWritesDoubleByteNamesInTheProjectsPage) {
+TEST_F(FilesHeaderEdit, RenamingWritesDoubleByteNamesInTheProjectsPage) {
   ModuleFile module = Load("dbcs_cp932.frm", ModuleKind::Form, Cp932());
   RenameControl(module, module.designer->children[0].beginLine, u"\u25CB\u25CB", Cp932());
   std::string expected = original;
@@ -104,7 +104,7 @@ TEST_F(HeaderEdit, RenamingWritesDoubleByteNamesInTheProjectsPage) {
   EXPECT_EQ(module.designer->children[0].className, u"Project1.\u25CB\u00D7ox");
 }
 
-TEST_F(HeaderEdit, RemovingAContainerRemovesItsWholeBlock) {
+TEST_F(FilesHeaderEdit, RemovingAContainerRemovesItsWholeBlock) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   std::size_t attributes = module.attributesStart;
   RemoveControl(module, module.designer->children[1].beginLine, Cp1252());
@@ -117,7 +117,7 @@ TEST_F(HeaderEdit, RemovingAContainerRemovesItsWholeBlock) {
   EXPECT_EQ(module.designer->children[1].name, u"lvwItems");
 }
 
-TEST_F(HeaderEdit, BringingToFrontMovesTheBlockAfterTheLastControlBeforeTheMenus) {
+TEST_F(FilesHeaderEdit, BringingToFrontMovesTheBlockAfterTheLastControlBeforeTheMenus) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   BringControlToFront(module, module.designer->children[0].beginLine, Cp1252());
   std::size_t begin = IndexOf(lines, "   Begin VB.CommandButton cmdAction ");
@@ -133,7 +133,7 @@ TEST_F(HeaderEdit, BringingToFrontMovesTheBlockAfterTheLastControlBeforeTheMenus
   EXPECT_EQ(indexes, (std::vector<int>{-1, -1, 1, 0, -1, -1}));
 }
 
-TEST_F(HeaderEdit, BringingANestedControlToFrontStaysInsideItsContainer) {
+TEST_F(FilesHeaderEdit, BringingANestedControlToFrontStaysInsideItsContainer) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   BringControlToFront(module, module.designer->children[1].children[0].beginLine, Cp1252());
   std::size_t begin = IndexOf(lines, "      Begin VB.CheckBox chkOne ");
@@ -147,7 +147,7 @@ TEST_F(HeaderEdit, BringingANestedControlToFrontStaysInsideItsContainer) {
   EXPECT_EQ(module.designer->children[1].children[1].name, u"chkOne");
 }
 
-TEST_F(HeaderEdit, BringingTheTopControlOrAMenuToFrontChangesNothing) {
+TEST_F(FilesHeaderEdit, BringingTheTopControlOrAMenuToFrontChangesNothing) {
   ModuleFile module = Load("form.frm", ModuleKind::Form);
   BringControlToFront(module, module.designer->children[3].beginLine, Cp1252());
   BringControlToFront(module, module.designer->children[4].beginLine, Cp1252());
@@ -159,7 +159,7 @@ struct RefusedEdit {
   std::function<void(ModuleFile&)> edit;
 };
 
-TEST_F(HeaderEdit, RefusedEditsRaiseError5AndChangeNothing) {
+TEST_F(FilesHeaderEdit, RefusedEditsRaiseError5AndChangeNothing) {
   std::vector<RefusedEdit> edits = {
       {"the root is not a control", [](ModuleFile& m) { RemoveControl(m, 2, Cp1252()); }},
       {"no block on that line", [](ModuleFile& m) { RenameControl(m, 3, u"x", Cp1252()); }},

@@ -34,7 +34,7 @@ void LayOutProject(const ScratchFolder& scratch) {
   WriteBytes(scratch / "Ledger/app.res", "res");
 }
 
-TEST(LoadProject, ReadsEveryListedFileAndWritesEachBackUnchanged) {
+TEST(FilesLoadProject, ReadsEveryListedFileAndWritesEachBackUnchanged) {
   ScratchFolder scratch;
   LayOutProject(scratch);
   Problems problems;
@@ -62,7 +62,7 @@ TEST(LoadProject, ReadsEveryListedFileAndWritesEachBackUnchanged) {
   EXPECT_EQ(loaded.documents[1].path->filename(), "app.res");
 }
 
-TEST(LoadProject, FindsTheBinaryCompanionsOfEachDesignerKind) {
+TEST(FilesLoadProject, FindsTheBinaryCompanionsOfEachDesignerKind) {
   ScratchFolder scratch;
   LayOutProject(scratch);
   Problems problems;
@@ -79,7 +79,7 @@ TEST(LoadProject, FindsTheBinaryCompanionsOfEachDesignerKind) {
   EXPECT_EQ(companions(6), (std::vector<std::string>{"designer.dsx", "designer.DCA"}));
 }
 
-TEST(LoadProject, MissingFilesAreReportedAgainstTheirItemAndNothingElseIsLost) {
+TEST(FilesLoadProject, MissingFilesAreReportedAgainstTheirItemAndNothingElseIsLost) {
   ScratchFolder scratch;
   LayOutProject(scratch);
   std::filesystem::remove(scratch / "Ledger/page.pag");
@@ -102,7 +102,7 @@ TEST(LoadProject, MissingFilesAreReportedAgainstTheirItemAndNothingElseIsLost) {
   EXPECT_EQ(WriteProject(loaded.project, Cp1252()), Fixture("project.vbp"));
 }
 
-TEST(LoadProject, AMissingProjectFileRaisesFileNotFound) {
+TEST(FilesLoadProject, AMissingProjectFileRaisesFileNotFound) {
   ScratchFolder scratch;
   Problems problems;
   try {
@@ -113,7 +113,7 @@ TEST(LoadProject, AMissingProjectFileRaisesFileNotFound) {
   }
 }
 
-TEST(LoadGroup, LoadsEachProjectInGroupOrderAndReportsMissingOnes) {
+TEST(FilesLoadGroup, LoadsEachProjectInGroupOrderAndReportsMissingOnes) {
   ScratchFolder scratch;
   LayOutProject(scratch);
   WriteBytes(scratch / "Other/Other.vbp",
@@ -139,7 +139,7 @@ TEST(LoadGroup, LoadsEachProjectInGroupOrderAndReportsMissingOnes) {
 
 // The bundled sample group is IDE output: it loads without a single problem and every file,
 // project files included, comes back byte for byte.
-TEST(LoadGroup, TheSampleGroupComesBackByteForByte) {
+TEST(FilesLoadGroup, TheSampleGroupComesBackByteForByte) {
   auto vbg = std::filesystem::path(QM_SOURCE_DIR) / "samples/Ledger.vbg";
   Problems problems;
   LoadedGroup loaded = LoadGroup(vbg, Cp1252(), problems);

@@ -21,11 +21,11 @@ struct RoundTripCase {
   int codeLines;
 };
 
-class ModuleRoundTrip : public ::testing::TestWithParam<RoundTripCase> {};
+class FilesModuleRoundTrip : public ::testing::TestWithParam<RoundTripCase> {};
 
 // Each file comes back byte for byte, and the header/code boundary lies where the code window
 // of the IDE would start.
-TEST_P(ModuleRoundTrip, GivesTheSameBytesAndSplitsAtTheLastModuleAttribute) {
+TEST_P(FilesModuleRoundTrip, GivesTheSameBytesAndSplitsAtTheLastModuleAttribute) {
   const RoundTripCase& c = GetParam();
   const vb::CodePage& page = *vb::CodePage::Find(c.codePage);
   std::string bytes = Fixture(c.file);
@@ -42,7 +42,7 @@ TEST_P(ModuleRoundTrip, GivesTheSameBytesAndSplitsAtTheLastModuleAttribute) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    EveryKindAndOddity, ModuleRoundTrip,
+    EveryKindAndOddity, FilesModuleRoundTrip,
     ::testing::Values(
         RoundTripCase{"standard.bas", ModuleKind::Standard, 1252, ModuleKind::Standard, u"modMain",
                       1, 6},
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
         // Another page than the file's still keeps every byte.
         RoundTripCase{"dbcs_cp932.frm", ModuleKind::Form, 1252, ModuleKind::Form, u"frmJp", 9, 4}));
 
-TEST(ModuleCode, MemberAttributesHangUnderTheirDeclarationAndAreHidden) {
+TEST(FilesModuleCode, MemberAttributesHangUnderTheirDeclarationAndAreHidden) {
   Problems problems;
   ModuleFile module = ReadModule(Fixture("class.cls"), ModuleKind::Class, Cp1252(), "c", problems);
   const CodeLines& code = module.code;
@@ -93,7 +93,7 @@ TEST(ModuleCode, MemberAttributesHangUnderTheirDeclarationAndAreHidden) {
   EXPECT_EQ(module.attributesStart, 8u);
 }
 
-TEST(ModuleCode, AStatementOnAVariableCalledAttributeStaysCode) {
+TEST(FilesModuleCode, AStatementOnAVariableCalledAttributeStaysCode) {
   std::string bytes =
       "Attribute VB_Name = \"m\"\r\nSub A()\r\nAttribute = 5\r\nAttribute.Value = 1\r\nEnd Sub\r\n";
   Problems problems;
@@ -104,7 +104,7 @@ TEST(ModuleCode, AStatementOnAVariableCalledAttributeStaysCode) {
   EXPECT_EQ(WriteModule(module, Cp1252()), bytes);
 }
 
-TEST(ModuleCode, EveryLineKeepsItsOwnTerminator) {
+TEST(FilesModuleCode, EveryLineKeepsItsOwnTerminator) {
   Problems problems;
   ModuleFile module =
       ReadModule(Fixture("mixed_terminators.bas"), ModuleKind::Standard, Cp1252(), "m", problems);
@@ -117,7 +117,7 @@ TEST(ModuleCode, EveryLineKeepsItsOwnTerminator) {
   EXPECT_EQ(code.Terminator(4), Eol::Lf);
 }
 
-TEST(ModuleCode, TheLastLineOfAFileWithoutFinalTerminatorHasNone) {
+TEST(FilesModuleCode, TheLastLineOfAFileWithoutFinalTerminatorHasNone) {
   Problems problems;
   ModuleFile module =
       ReadModule(Fixture("no_final_terminator.bas"), ModuleKind::Standard, Cp1252(), "m", problems);
@@ -125,7 +125,7 @@ TEST(ModuleCode, TheLastLineOfAFileWithoutFinalTerminatorHasNone) {
   EXPECT_EQ(module.code.Terminator(3), Eol::None);
 }
 
-TEST(ModuleCode, DoubleByteIdentifiersAreDecodedWithTheProjectsPage) {
+TEST(FilesModuleCode, DoubleByteIdentifiersAreDecodedWithTheProjectsPage) {
   Problems problems;
   ModuleFile module =
       ReadModule(Fixture("dbcs_cp932.frm"), ModuleKind::Form, Cp932(), "f", problems);
@@ -137,7 +137,7 @@ TEST(ModuleCode, DoubleByteIdentifiersAreDecodedWithTheProjectsPage) {
   EXPECT_EQ(module.code.Line(3), u"Private Sub \u25CB\u00D7ox1_Click()");
 }
 
-TEST(ModuleCode, EditedLinesAreEncodedAndEverythingElseKept) {
+TEST(FilesModuleCode, EditedLinesAreEncodedAndEverythingElseKept) {
   std::string bytes = Fixture("class.cls");
   Problems problems;
   ModuleFile module = ReadModule(bytes, ModuleKind::Class, Cp1252(), "c", problems);
@@ -148,7 +148,7 @@ TEST(ModuleCode, EditedLinesAreEncodedAndEverythingElseKept) {
   EXPECT_EQ(WriteModule(module, Cp1252()), expected);
 }
 
-TEST(ModuleCode, CodeAddedAfterAnUnterminatedEndGetsALineBreakInBetween) {
+TEST(FilesModuleCode, CodeAddedAfterAnUnterminatedEndGetsALineBreakInBetween) {
   std::string bytes = "Attribute VB_Name = \"m\"";
   Problems problems;
   ModuleFile module = ReadModule(bytes, ModuleKind::Standard, Cp1252(), "m.bas", problems);
@@ -169,10 +169,10 @@ struct BadModuleCase {
   int codeLines;
 };
 
-class BadModule : public ::testing::TestWithParam<BadModuleCase> {};
+class FilesBadModule : public ::testing::TestWithParam<BadModuleCase> {};
 
 // Bad input is reported with file and line, loads as far as it can, and loses no byte.
-TEST_P(BadModule, IsReportedWithItsLineAndKeptWhole) {
+TEST_P(FilesBadModule, IsReportedWithItsLineAndKeptWhole) {
   const BadModuleCase& c = GetParam();
   std::string bytes = Fixture(c.file);
   Problems problems;
@@ -185,7 +185,7 @@ TEST_P(BadModule, IsReportedWithItsLineAndKeptWhole) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Problems, BadModule,
+    Problems, FilesBadModule,
     ::testing::Values(
         BadModuleCase{"truncated_begin.frm", ModuleKind::Form,
                       "truncated_begin.frm:7: \"Begin\" without \"End\": the header block runs to "
@@ -198,7 +198,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadModuleCase{"no_name.bas", ModuleKind::Standard,
                       "no_name.bas:1: no Attribute VB_Name line: the module has no name", 4}));
 
-TEST(BadModule, AnEmptyFileIsReportedAsAWhole) {
+TEST(FilesBadModule, AnEmptyFileIsReportedAsAWhole) {
   Problems problems;
   ModuleFile module = ReadModule("", ModuleKind::Standard, Cp1252(), "dir/empty.bas", problems);
   ASSERT_EQ(problems.size(), 1u);
@@ -207,7 +207,7 @@ TEST(BadModule, AnEmptyFileIsReportedAsAWhole) {
   EXPECT_EQ(WriteModule(module, Cp1252()), "");
 }
 
-TEST(BadModule, ATruncatedDesignerStillListsItsControls) {
+TEST(FilesBadModule, ATruncatedDesignerStillListsItsControls) {
   Problems problems;
   ModuleFile module =
       ReadModule(Fixture("truncated_begin.frm"), ModuleKind::Form, Cp1252(), "t", problems);

@@ -29,7 +29,7 @@ struct ExpectedItem {
   int line;
 };
 
-TEST(ProjectFileRead, ItemsComeInFileOrderWithNamesAndPaths) {
+TEST(FilesProjectRead, ItemsComeInFileOrderWithNamesAndPaths) {
   std::string bytes = Fixture("project.vbp");
   ProjectFile project = Read(bytes);
   EXPECT_EQ(project.type, u"Exe");
@@ -59,7 +59,7 @@ TEST(ProjectFileRead, ItemsComeInFileOrderWithNamesAndPaths) {
   EXPECT_EQ(WriteProject(project, Cp1252()), bytes);
 }
 
-TEST(ProjectFileRead, OtherLineEndsAndDoubleBytePathsSurvive) {
+TEST(FilesProjectRead, OtherLineEndsAndDoubleBytePathsSurvive) {
   std::string lf = "Type=Exe\nForm=\x83t\x83H\x81[\x83\x80.frm\nName=\"\x93\xfa\x96\x7b\"\n";
   Problems problems;
   ProjectFile project = ReadProject(lf, Cp932(), "jp.vbp", problems);
@@ -81,7 +81,7 @@ struct ReferenceCase {
   const char16_t* description;
 };
 
-TEST(ProjectFileRead, ReferencesSplitFromBothEnds) {
+TEST(FilesProjectRead, ReferencesSplitFromBothEnds) {
   std::vector<ReferenceCase> cases = {
       {u"*\\G{00020430-0000-0000-C000-000000000046}#2.0#0#C:\\stdole2.tlb#OLE Automation", true,
        false, u"*\\G{00020430-0000-0000-C000-000000000046}", u"C:\\stdole2.tlb", u"OLE Automation"},
@@ -105,7 +105,7 @@ TEST(ProjectFileRead, ReferencesSplitFromBothEnds) {
   EXPECT_EQ(parts->lcid, u"409");
 }
 
-TEST(ProjectFileRead, OddLinesAreReportedWithTheirLineAndKept) {
+TEST(FilesProjectRead, OddLinesAreReportedWithTheirLineAndKept) {
   std::string bytes = Fixture("odd.vbp");
   Problems problems;
   ProjectFile project = Read(bytes, &problems);
@@ -126,7 +126,7 @@ TEST(ProjectFileRead, OddLinesAreReportedWithTheirLineAndKept) {
   EXPECT_EQ(FormatProblem(missingType[0]), "p.vbp: no Type= line: the project type is unknown");
 }
 
-class ProjectEdit : public ::testing::Test {
+class FilesProjectEdit : public ::testing::Test {
  protected:
   void SetUp() override {
     original = Fixture("project.vbp");
@@ -143,13 +143,13 @@ class ProjectEdit : public ::testing::Test {
   ProjectFile project;
 };
 
-TEST_F(ProjectEdit, RenamingTheProjectRewritesOnlyTheNameLine) {
+TEST_F(FilesProjectEdit, RenamingTheProjectRewritesOnlyTheNameLine) {
   SetProjectName(project, u"Books", Cp1252());
   EXPECT_EQ(WriteProject(project, Cp1252()), Replaced("Name=\"Ledger\"\r\n", "Name=\"Books\"\r\n"));
   EXPECT_EQ(project.name, u"Books");
 }
 
-TEST_F(ProjectEdit, AProjectWithoutNameGetsOneAboveItsSections) {
+TEST_F(FilesProjectEdit, AProjectWithoutNameGetsOneAboveItsSections) {
   ProjectFile odd = Read("Type=Exe\r\nForm=a.frm\r\n\r\n[S]\r\nName=x\r\n");
   SetProjectName(odd, u"New", Cp1252());
   EXPECT_EQ(WriteProject(odd, Cp1252()),
@@ -157,7 +157,7 @@ TEST_F(ProjectEdit, AProjectWithoutNameGetsOneAboveItsSections) {
   EXPECT_EQ(odd.name, u"New");
 }
 
-TEST_F(ProjectEdit, RenamingAModuleItemKeepsItsPath) {
+TEST_F(FilesProjectEdit, RenamingAModuleItemKeepsItsPath) {
   SetItemName(project, 2, u"modStart", Cp1252());
   EXPECT_EQ(WriteProject(project, Cp1252()),
             Replaced("Module=modMain; standard.bas", "Module=modStart; standard.bas"));
@@ -165,7 +165,7 @@ TEST_F(ProjectEdit, RenamingAModuleItemKeepsItsPath) {
   EXPECT_EQ(project.items[2].path, u"standard.bas");
 }
 
-TEST_F(ProjectEdit, AddedItemsGoAtTheEndOfTheItemBlock) {
+TEST_F(FilesProjectEdit, AddedItemsGoAtTheEndOfTheItemBlock) {
   std::size_t index = AddItem(project, ItemKind::Module, u"modNew", u"Mods\\new.bas", Cp1252());
   EXPECT_EQ(WriteProject(project, Cp1252()),
             Replaced("ResFile32=", "Module=modNew; Mods\\new.bas\r\nResFile32="));
@@ -181,7 +181,7 @@ TEST_F(ProjectEdit, AddedItemsGoAtTheEndOfTheItemBlock) {
             "Type=OleDll\r\nForm=f.frm\r\nResFile32=\"r.res\"\r\nName=\"E\"");
 }
 
-TEST_F(ProjectEdit, RemovingAnItemRemovesItsLineOnly) {
+TEST_F(FilesProjectEdit, RemovingAnItemRemovesItsLineOnly) {
   RemoveItem(project, 4, Cp1252());
   EXPECT_EQ(WriteProject(project, Cp1252()),
             Replaced("Class=clsItems; Classes\\class.cls\r\n", ""));
@@ -194,7 +194,7 @@ TEST_F(ProjectEdit, RemovingAnItemRemovesItsLineOnly) {
   EXPECT_EQ(WriteProject(tail, Cp1252()), "Type=Exe\r\nForm=a.frm");
 }
 
-TEST_F(ProjectEdit, RefusedEditsRaiseError5AndChangeNothing) {
+TEST_F(FilesProjectEdit, RefusedEditsRaiseError5AndChangeNothing) {
   EXPECT_THROW(SetItemName(project, 0, u"frm", Cp1252()), vb::Error);  // a Form line has no name
   EXPECT_THROW(SetItemName(project, 99, u"x", Cp1252()), vb::Error);
   EXPECT_THROW(SetItemName(project, 2, u"a;b", Cp1252()), vb::Error);
@@ -214,7 +214,7 @@ struct GroupCase {
   std::vector<bool> startup;
 };
 
-TEST(GroupFileRead, TheStartupProjectIsFlaggedWhereverItStands) {
+TEST(FilesGroupRead, TheStartupProjectIsFlaggedWhereverItStands) {
   std::vector<GroupCase> cases = {
       {"VBGROUP 5.0\r\nStartupProject=A\\A.vbp\r\nProject=B\\B.vbp\r\n", {true, false}},
       {"VBGROUP 5.0\r\nProject=A.vbp\r\nStartupProject=B.vbp\r\nProject=C.vbp\r\n",
@@ -237,7 +237,7 @@ TEST(GroupFileRead, TheStartupProjectIsFlaggedWhereverItStands) {
   EXPECT_EQ(group.projects[1].line, 2);
 }
 
-TEST(GroupFileRead, OddLinesAreReportedAndKept) {
+TEST(FilesGroupRead, OddLinesAreReportedAndKept) {
   std::string bytes = "VBGROUP 5.0\r\nProject=A.vbp\r\nWorkspace=1\r\njunk\r\n";
   Problems problems;
   GroupFile group = ReadGroup(bytes, Cp1252(), "g.vbg", problems);
