@@ -1,0 +1,128 @@
+// Contract: saving. What changed is written, what did not keeps its bytes, the file's own line
+// ends and final-terminator state survive, and a failed save leaves the old file.
+#include <gtest/gtest.h>
+
+#include "host/Component.h"
+#include "host/Ide.h"
+#include "host/Project.h"
+#include "support/TempFolder.h"
+#include "vbide/CodeModule.h"
+#include "vbide/VBForm.h"
+
+namespace {
+
+using qmtest::TempFolder;
+
+const std::string kVbp =
+    "Type=Exe\r\nForm=frmOrder.frm\r\nModule=modCalc; modCalc.bas\r\nStartup=\"frmOrder\"\r\nName=\"Orders\"\r\n";
+// LF line ends, a member attribute under Total, no final terminator.
+const std::string kBas =
+    "Attribute VB_Name = \"modCalc\"\nOption Explicit\nPublic Function Total() As Long\n"
+    "Attribute Total.VB_Description = \"Sum of the lines\"\n    Total = 0\nEnd Function";
+const std::string kFrm =
+    "VERSION 5.00\r\nBegin VB.Form frmOrder \r\n   Caption         =   \"Order\"\r\n"
+    "   Begin VB.CommandButton cmdOK \r\n      Caption         =   \"OK\"\r\n   End\r\n"
+    "   Begin VB.TextBox txtQty \r\n      Text            =   \"1\"\r\n   End\r\nEnd\r\n"
+    "Attribute VB_Name = \"frmOrder\"\r\nAttribute VB_PredeclaredId = True\r\n"
+    "Private Sub cmdOK_Click()\r\nEnd Sub\r\n";
+
+struct Loaded {
+  TempFolder folder;
+  std::shared_ptr<host::Ide> ide;
+  std::shared_ptr<host::Project> project;
+  Loaded() {
+    folder.Write("Orders.vbp", kVbp);
+    folder.Write("modCalc.bas", kBas);
+    folder.Write("frmOrder.frm", kFrm);
+    ide = host::Ide::Create({});
+    auto problems = ide->Open(folder.Path() / "Orders.vbp");
+    EXPECT_TRUE(problems.empty());
+    project = ide->ProjectList()->List().front();
+  }
+  std::string Read(const char* name) const { return TempFolder::Read(folder.Path() / name); }
+};
+
+TEST(Saving, AnEditedModuleKeepsItsHiddenLinesLineEndsAndMissingFinalBreak) {
+  Loaded w;
+  auto module = w.project->VBComponents()->Item(u"modCalc")->CodeModule();
+  module->ReplaceLine(3, u"    Total = 42");
+  module->InsertLines(2, u"Private mCount As Long");
+  EXPECT_TRUE(w.project->IsDirty());
+  w.project->SaveAs(vb::FromUtf8((w.folder.Path() / "Orders.vbp").string()));
+  EXPECT_FALSE(w.project->IsDirty());
+  // The new line ends in CR LF; every other line keeps its LF; the attribute stays under Total.
+  EXPECT_EQ(w.Read("modCalc.bas"),
+            "Attribute VB_Name = \"modCalc\"\nOption Explicit\nPrivate mCount As Long\r\n"
+            "Public Function Total() As Long\nAttribute Total.VB_Description = \"Sum of the lines\"\n"
+            "    Total = 42\nEnd Function");
+  EXPECT_EQ(w.Read("frmOrder.frm"), kFrm);  // untouched
+  EXPECT_EQ(w.Read("Orders.vbp"), kVbp);
+}
+
+TEST(Saving, DeletingADeclarationTakesItsAttributeAlong) {
+  Loaded w;
+  auto module = w.project->VBComponents()->Item(u"modCalc")->CodeModule();
+  module->DeleteLines(2, 3);  // the whole function
+  w.project->VBComponents()->Item(u"modCalc")->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
+  EXPECT_EQ(w.Read("modCalc.bas"), "Attribute VB_Name = \"modCalc\"\nOption Explicit");
+}
+
+TEST(Saving, RenamedControlsAndComponentsAreWrittenIntoTheHeaderAndProjectFile) {
+  Loaded w;
+  auto form = w.project->VBComponents()->Item(u"frmOrder");
+  auto controls = form->Designer()->VBControls();
+  ASSERT_EQ(controls->Count(), 2);
+  controls->Item(2)->SetProperty(u"Name", u"txtQuantity");
+  w.project->VBComponents()->Item(u"modCalc")->SetName(u"modTotals");
+  w.project->SaveAs(vb::FromUtf8((w.folder.Path() / "Orders.vbp").string()));
+  std::string frm = w.Read("frmOrder.frm");
+  EXPECT_NE(frm.find("   Begin VB.TextBox txtQuantity \r\n"), std::string::npos);
+  EXPECT_EQ(frm.size(), kFrm.size() + 5);  // "txtQty" became "txtQuantity"; nothing else changed
+  EXPECT_NE(w.Read("modCalc.bas").find("Attribute VB_Name = \"modTotals\"\n"), std::string::npos);
+  EXPECT_NE(w.Read("Orders.vbp").find("Module=modTotals; modCalc.bas\r\n"), std::string::npos);
+}
+
+TEST(Saving, AFailedSaveRaisesWithThePathAndLeavesTheOldFile) {
+  Loaded w;
+  auto component = w.project->VBComponents()->Item(u"modCalc");
+  component->CodeModule()->ReplaceLine(2, u"' changed");
+  std::filesystem::create_directories(w.folder.Path() / "taken.bas");  // a folder where the file should go
+  try {
+    component->SaveAs(vb::FromUtf8((w.folder.Path() / "taken.bas").string()));
+    FAIL() << "the save should fail";
+  } catch (const vb::Error& e) {
+    EXPECT_TRUE(e.Number() == 75 || e.Number() == 70) << e.Number();
+    EXPECT_NE(e.Description().find(u"taken.bas"), std::u16string::npos);
+  }
+  EXPECT_TRUE(component->IsDirty());
+  EXPECT_EQ(w.Read("modCalc.bas"), kBas);
+}
+
+TEST(Designers, ListControlsInOrderAndRaiseEventsForRenameAndRemove) {
+  Loaded w;
+  auto form = w.project->VBComponents()->Item(u"frmOrder");
+  auto designer = form->Designer();
+  auto controls = designer->VBControls();
+  EXPECT_EQ(controls->Item(1)->Name(), u"cmdOK");
+  EXPECT_EQ(controls->Item(1)->Properties(u"Caption"), u"OK");
+  EXPECT_EQ(controls->Item(1)->Index(), -1);
+  EXPECT_EQ(controls->Item(1)->ClassName(), u"VB.CommandButton");
+
+  std::vector<std::u16string> seen;
+  auto events = w.ide->Events()->VBControlsEvents(nullptr, designer);
+  auto s1 = events->ItemRenamed.Subscribe([&](vbide::VBControlPtr c, std::u16string old, int oldIndex) {
+    seen.push_back(old + u"->" + c->Name() + u"/" + vb::FromUtf8(std::to_string(oldIndex)));
+  });
+  auto s2 = events->ItemRemoved.Subscribe([&](vbide::VBControlPtr c) { seen.push_back(u"removed"); (void)c; });
+  auto ok = controls->Item(1);
+  ok->SetProperty(u"Name", u"cmdAccept");
+  controls->Item(1)->ControlObject()->ZOrder(0);  // cmdAccept goes on top: after txtQty
+  EXPECT_EQ(designer->VBControls()->Item(2)->Name(), u"cmdAccept");
+  designer->VBControls()->Remove(2);
+  EXPECT_EQ(seen, (std::vector<std::u16string>{u"cmdOK->cmdAccept/-1", u"removed"}));
+  EXPECT_THROW(ok->Name(), vb::Error);
+  EXPECT_EQ(designer->VBControls()->Count(), 1);
+  EXPECT_TRUE(form->IsDirty());
+}
+
+}  // namespace
