@@ -1,6 +1,7 @@
 // host::files::LineScanner: walks a file's bytes line by line, keeping each line's terminator.
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -45,14 +46,6 @@ class LineScanner {
     return true;
   }
 
-  // The number of lines Next will give, for reserving.
-  static std::size_t CountLines(std::string_view bytes) {
-    std::size_t count = 0;
-    LineScanner scanner(bytes);
-    for (LineView line; scanner.Next(line);) ++count;
-    return count;
-  }
-
  private:
   // The position of the next CR or LF at or after pos_, or the end. memchr runs far ahead of a
   // byte loop; lone CRs are rare, so the next LF is found once and remembered (a CR-only file
@@ -78,6 +71,7 @@ class LineScanner {
 // The lines of `bytes` as raw lines (for project and group files, which are small).
 inline std::vector<RawLine> SplitRawLines(std::string_view bytes) {
   std::vector<RawLine> lines;
+  lines.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1);
   LineScanner scanner(bytes);
   for (LineView line; scanner.Next(line);) lines.push_back({std::string(line.bytes), line.eol});
   return lines;
