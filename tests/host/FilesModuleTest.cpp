@@ -148,6 +148,19 @@ TEST(FilesModuleCode, EditedLinesAreEncodedAndEverythingElseKept) {
   EXPECT_EQ(WriteModule(module, Cp1252()), expected);
 }
 
+TEST(FilesModuleCode, CharactersThePageCannotWriteAreCountedSoTheSaveCanRefuse) {
+  std::string bytes = Fixture("standard.bas");
+  Problems problems;
+  ModuleFile module = ReadModule(bytes, ModuleKind::Standard, Cp1252(), "m", problems);
+  std::size_t unmappable = 0;
+  EXPECT_EQ(WriteModule(module, Cp1252(), &unmappable), bytes);
+  EXPECT_EQ(unmappable, 0u);
+  module.code.Replace(3, u"' \u540D\u524D and caf\u00E9");
+  std::string written = WriteModule(module, Cp1252(), &unmappable);
+  EXPECT_EQ(unmappable, 2u);
+  EXPECT_NE(written.find("' ?? and caf\xE9\r\n"), std::string::npos);
+}
+
 TEST(FilesModuleCode, CodeAddedAfterAnUnterminatedEndGetsALineBreakInBetween) {
   std::string bytes = "Attribute VB_Name = \"m\"";
   Problems problems;

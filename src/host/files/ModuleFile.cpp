@@ -139,7 +139,8 @@ ModuleFile ReadModule(std::string_view bytes, ModuleKind kind, const vb::CodePag
   return module;
 }
 
-std::string WriteModule(const ModuleFile& module, const vb::CodePage& codePage) {
+std::string WriteModule(const ModuleFile& module, const vb::CodePage& codePage,
+                        std::size_t* unmappable) {
   const CodeLines& code = module.code;
   int count = code.Count();
   std::size_t size = 0;
@@ -149,7 +150,7 @@ std::string WriteModule(const ModuleFile& module, const vb::CodePage& codePage) 
   out.reserve(size + size / 8);
   AppendRawLines(module.header, out, count > 0);
   for (int i = 1; i <= count; ++i) {
-    codePage.Encode(code.Line(i), out);
+    codePage.Encode(code.Line(i), out, unmappable);
     const std::vector<RawLine>& attributes = code.Attributes(i);
     bool last = i == count && attributes.empty();
     Eol eol = code.Terminator(i);

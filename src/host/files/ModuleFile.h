@@ -68,8 +68,10 @@ ModuleFile ReadModule(std::string_view bytes, ModuleKind kind, const vb::CodePag
                       const std::string& fileForProblems, Problems& problems);
 
 // The file's bytes: the raw header, then each code line encoded with its own terminator and its
-// member-attribute lines under it.
-std::string WriteModule(const ModuleFile& module, const vb::CodePage& codePage);
+// member-attribute lines under it. A character the code page cannot write comes out as '?' and
+// is counted in `unmappable` when given, so a save can refuse to change the user's text.
+std::string WriteModule(const ModuleFile& module, const vb::CodePage& codePage,
+                        std::size_t* unmappable = nullptr);
 
 // Re-reads `designer` from the header (after an edit of the header lines).
 void ParseDesigner(ModuleFile& module, const vb::CodePage& codePage);

@@ -55,6 +55,8 @@ struct ProjectFile {
 // reported (with their 1-based line) and kept; named sections ([...]) are kept untouched.
 ProjectFile ReadProject(std::string_view bytes, const vb::CodePage& codePage,
                         const std::string& file, Problems& problems);
+// The lines as they are. Edits encode their text when they make a line, so the code page is not
+// needed here; it is taken so that every writer has WriteModule's shape.
 std::string WriteProject(const ProjectFile& project, const vb::CodePage& codePage);
 
 // The parts of a type-library reference. The path may itself contain '#', so the library id,
