@@ -58,6 +58,7 @@ struct ModuleFile {
   CodeLines code;                           // visible lines, member attributes attached
 
   // The 0-based index in `header` of the first module-attribute line; header.size() when none.
+  // The header edits keep it right.
   std::size_t attributesStart = 0;
 };
 
