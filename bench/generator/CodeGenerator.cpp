@@ -160,7 +160,7 @@ std::size_t CodeGenerator::EnumBlock(std::size_t budget) {
   std::size_t count =
       std::min<std::size_t>(budget - 4, static_cast<std::size_t>(rng_.Between(2, 6)));
   std::string name =
-      UniqueName(std::string(words_.Noun()) + std::string(words_.Qualifier()) + "Kind");
+      UniqueName(Cat({std::string(words_.Noun()), std::string(words_.Qualifier()), "Kind"}));
   std::string prefix = Initials(name);
   sink_.Line(0, "Private Enum " + name);
   for (std::size_t i = 0; i < count;) {

@@ -47,7 +47,7 @@ std::string ExpressionWriter::Literal(std::string_view prefix) {
   if (prefix == "lng") return std::to_string(rng_.Between(0, 500));
   if (prefix == "int") return std::to_string(rng_.Between(0, 20));
   if (prefix == "cur")
-    return std::to_string(rng_.Between(1, 9999)) + "." + std::to_string(rng_.Between(10, 99));
+    return Cat({std::to_string(rng_.Between(1, 9999)), ".", std::to_string(rng_.Between(10, 99))});
   if (prefix == "dbl") return "0." + std::to_string(rng_.Between(1, 99));
   if (prefix == "str") return std::string("\"") + words_.Message() + "\"";
   if (prefix == "bln") return rng_.Chance(50) ? "True" : "False";
@@ -76,41 +76,42 @@ std::string ExpressionWriter::Value(const VbType& type) {
     if (roll == 0) return Operand(p) + " + 1";
     if (roll == 1) return "Len(" + Operand("str") + ")";
     if (roll == 2)
-      return Operand(p) + " * " + std::to_string(rng_.Between(2, 12)) + " + " + Operand(p);
-    if (roll == 3) return Operand(p) + " Mod " + std::to_string(rng_.Between(7, 100));
+      return Cat({Operand(p), " * ", std::to_string(rng_.Between(2, 12)), " + ", Operand(p)});
+    if (roll == 3) return Cat({Operand(p), " Mod ", std::to_string(rng_.Between(7, 100))});
     if (std::string text = ControlText(); roll == 4 && !text.empty())
       return "CLng(Val(" + text + "))";
     return Literal(p);
   }
   if (p == "cur") {
-    if (roll == 0) return Operand("cur") + " + " + Operand("cur");
-    if (roll == 1) return "Round(" + Operand("cur") + " * " + Operand("dbl") + " / 100, 2)";
-    if (roll == 2) return Operand("cur") + " - " + Operand("cur") + " * " + Literal("dbl");
+    if (roll == 0) return Cat({Operand("cur"), " + ", Operand("cur")});
+    if (roll == 1) return Cat({"Round(", Operand("cur"), " * ", Operand("dbl"), " / 100, 2)"});
+    if (roll == 2) return Cat({Operand("cur"), " - ", Operand("cur"), " * ", Literal("dbl")});
     if (std::string text = ControlText(); roll == 3 && !text.empty())
       return "CCur(Val(" + text + "))";
-    if (roll == 4) return "CCur(" + Operand("lng") + ") * " + Operand("cur");
+    if (roll == 4) return Cat({"CCur(", Operand("lng"), ") * ", Operand("cur")});
     return Literal(p);
   }
   if (p == "dbl") {
     if (roll < 2) return Operand("dbl") + " / 100";
-    if (roll < 4) return "CDbl(" + Operand("cur") + ") * " + Operand("dbl");
+    if (roll < 4) return Cat({"CDbl(", Operand("cur"), ") * ", Operand("dbl")});
     return Literal(p);
   }
   if (p == "str") {
     if (roll == 0) return "Trim$(" + Operand("str") + ")";
-    if (roll == 1) return Operand("str") + " & \" \" & " + Operand("str");
+    if (roll == 1) return Cat({Operand("str"), " & \" \" & ", Operand("str")});
     if (roll == 2) return "Format$(" + Operand("cur") + ", \"#,##0.00\")";
     if (roll == 3)
-      return "UCase$(Left$(" + Operand("str") + ", 1)) & Mid$(" + Operand("str") + ", 2)";
+      return Cat({"UCase$(Left$(", Operand("str"), ", 1)) & Mid$(", Operand("str"), ", 2)"});
     if (std::string text = ControlText(); roll == 4 && !text.empty()) return "Trim$(" + text + ")";
     return Literal(p);
   }
   if (p == "bln") return roll < 4 ? std::string("(") + Condition() + ")" : Literal(p);
   if (p == "dtm") {
     if (roll < 3)
-      return "DateAdd(\"d\", " + std::to_string(rng_.Between(1, 90)) + ", " + Operand("dtm") + ")";
+      return Cat(
+          {"DateAdd(\"d\", ", std::to_string(rng_.Between(1, 90)), ", ", Operand("dtm"), ")"});
     if (roll < 4)
-      return "DateSerial(Year(" + Operand("dtm") + "), Month(" + Operand("dtm") + ") + 1, 1)";
+      return Cat({"DateSerial(Year(", Operand("dtm"), "), Month(", Operand("dtm"), ") + 1, 1)"});
     return Literal(p);
   }
   if (roll < 3) return Operand(rng_.Pick(kVariantSources));

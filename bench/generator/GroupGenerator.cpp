@@ -109,7 +109,7 @@ void GroupGenerator::PlanProjects() {
                    : p % 5 == 4 ? (p % 10 == 9 ? ProjectKind::OleExe : ProjectKind::OleDll)
                                 : ProjectKind::Exe;
     do {
-      project.name = std::string(words.Noun()) + std::string(words.Noun());
+      project.name = Cat({std::string(words.Noun()), std::string(words.Noun())});
       if (projectNames.count(project.name) != 0) project.name += std::to_string(p + 1);
     } while (!projectNames.insert(project.name).second);
     std::size_t share = options_.modules / count + (p < options_.modules % count ? 1 : 0);

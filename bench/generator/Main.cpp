@@ -2,6 +2,7 @@
 #include <chrono>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,7 +69,8 @@ int Generate(const CommandLine& line) {
   vbgen::GroupGenerator generator(line.options);
   vbgen::GeneratorReport report = generator.Write(line.outDir);
   std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-  std::printf("vbgen: wrote %s/Big.vbg (seed %llu)\n", line.outDir.c_str(),
+  std::string group = (std::filesystem::path(line.outDir) / "Big.vbg").lexically_normal().string();
+  std::printf("vbgen: wrote %s (seed %llu)\n", group.c_str(),
               static_cast<unsigned long long>(line.options.seed));
   std::printf("  projects %zu, files %zu, code lines %zu, bytes %zu, %.2f s\n", report.projects,
               report.files, report.lines, report.bytes, seconds.count());

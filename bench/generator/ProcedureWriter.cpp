@@ -271,15 +271,15 @@ void ProcedureWriter::Continued(std::size_t indent) {
     // SQL text built over two lines, the commonest long line in database front ends.
     std::string table(words_.Noun());
     std::string key = table + "ID";
-    sink_.Line(indent, target->name + " = \"SELECT " + key + ", " + words_.Compound() + ", " +
-                           words_.Compound() + " FROM " + table + " \" & _");
-    sink_.Line(under, "\"WHERE " + key + " = \" & CStr(" + expr_.Operand("lng") +
-                          ") & \" ORDER BY " + words_.Compound() + "\"");
+    sink_.Line(indent, Cat({target->name, " = \"SELECT ", key, ", ", words_.Compound(), ", ",
+                            words_.Compound(), " FROM ", table, " \" & _"}));
+    sink_.Line(under, Cat({"\"WHERE ", key, " = \" & CStr(", expr_.Operand("lng"),
+                           ") & \" ORDER BY ", words_.Compound(), "\""}));
     return;
   }
   sink_.Line(indent, target->name + " = \"" + words_.Message() + "\" & _");
   sink_.Line(under,
-             "\" " + words_.Compound() + ": \" & " + expr_.Value(Vocabulary::ByPrefix("str")));
+             Cat({"\" ", words_.Compound(), ": \" & ", expr_.Value(Vocabulary::ByPrefix("str"))}));
 }
 
 std::string_view ProcedureWriter::ExitStatement() const {

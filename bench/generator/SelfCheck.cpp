@@ -72,6 +72,7 @@ bool SelfCheck::Run() {
   bool ok = false;
   try {
     ok = LinterCatchesFaults(work) && GeneratorIsDeterministic(work);
+    BadInputIsRefused(work);
   } catch (...) {
     fs::remove_all(work);
     throw;
@@ -151,6 +152,50 @@ bool SelfCheck::GeneratorIsDeterministic(const fs::path& work) {
          "member-dense module has at least " + std::to_string(first.denseMembers) +
              " members, found " + std::to_string(lint.mostMembers));
   return failures_ == 0;
+}
+
+// Options that cannot make a group, and folders that hold other data, are refused with a message
+// naming them, and nothing of the user's is touched.
+void SelfCheck::BadInputIsRefused(const fs::path& work) {
+  auto refusal = [](const GeneratorOptions& options) -> std::string {
+    try {
+      GroupGenerator generator(options);
+    } catch (const std::invalid_argument& e) {
+      return e.what();
+    }
+    return {};
+  };
+  std::string fewLines = refusal({100, 2000, 1});
+  Report(fewLines.find("--lines 100") != std::string::npos,
+         "too few lines are refused: " + fewLines);
+  std::string fewModules = refusal({20000, 2, 1});
+  Report(fewModules.find("--modules 2") != std::string::npos,
+         "too few modules are refused: " + fewModules);
+
+  GeneratorOptions small{20000, 20, options_.seed};
+  fs::path foreign = work / "foreign";
+  WriteTree(foreign, {{"notes.txt", "keep me"}});
+  std::string message;
+  try {
+    GroupGenerator(small).Write(foreign);
+  } catch (const std::runtime_error& e) {
+    message = e.what();
+  }
+  Files after = ReadTree(foreign);
+  bool untouched = after.size() == 1 && after["notes.txt"] == "keep me";
+  fs::path staging = foreign;
+  staging += ".vbgen-staging";
+  Report(message.find(foreign.string()) != std::string::npos && untouched && !fs::exists(staging),
+         "a folder of other files is refused and left as it was: " + message);
+
+  fs::path reused = work / "reused";
+  GroupGenerator(small).Write(reused);
+  GeneratorOptions otherSeed = small;
+  ++otherSeed.seed;
+  GroupGenerator(otherSeed).Write(reused);
+  GroupGenerator(otherSeed).Write(work / "fresh");
+  Report(ReadTree(reused) == ReadTree(work / "fresh"),
+         "an earlier output is replaced whole, no file of it is left");
 }
 
 }  // namespace vbgen

@@ -22,6 +22,7 @@ class SelfCheck {
 
   bool LinterCatchesFaults(const std::filesystem::path& work);
   bool GeneratorIsDeterministic(const std::filesystem::path& work);
+  void BadInputIsRefused(const std::filesystem::path& work);
   void Report(bool ok, const std::string& what, const std::string& detail = {});
 
   static Files ReadTree(const std::filesystem::path& root);

@@ -1,6 +1,7 @@
 // Vocabulary: business words and the VB naming habits that turn them into identifiers.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,15 @@ struct VbType {
   std::string_view prefix;  // "cur" in curTotal
   std::string_view name;    // "Currency"
 };
+
+// Concatenates parts that were evaluated left to right. The order of evaluation of the operands of
+// `a() + b()` is unspecified and differs between compilers; a braced list fixes it, so every call
+// that draws random numbers must be combined through Cat to keep the output the same everywhere.
+inline std::string Cat(std::initializer_list<std::string> parts) {
+  std::string text;
+  for (const std::string& part : parts) text += part;
+  return text;
+}
 
 // A named value: a variable, parameter or module field, with its type.
 struct Variable {
