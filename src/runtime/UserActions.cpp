@@ -16,8 +16,10 @@ namespace vb {
 
 template <class T>
 T& UserActions::Find(std::u16string_view control, int index, std::string_view kind) {
-  std::string where = ToUtf8(control) + (index >= 0 ? "(" + std::to_string(index) + ")" : "") +
-                      " on " + ToUtf8(form_.Name());
+  // Built piece by piece: GCC 12 warns falsely (-Wrestrict) on the one-expression form at -O3.
+  std::string where = ToUtf8(control);
+  if (index >= 0) where.append("(").append(std::to_string(index)).append(")");
+  where.append(" on ").append(ToUtf8(form_.Name()));
   auto* found = form_.FindControl(control, index);
   if (!found) throw ScriptError("there is no control " + where);
   auto* typed = dynamic_cast<T*>(found);
