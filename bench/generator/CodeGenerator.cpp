@@ -194,13 +194,13 @@ std::string CodeGenerator::UniqueName(std::string name) {
 }
 
 void CodeGenerator::Procedures(std::size_t budget) {
-  std::vector<ProcedureSpec> handlers = Handlers();
-  for (ProcedureSpec& spec : handlers) {
+  std::vector<ProcedurePlan> handlers = Handlers();
+  for (ProcedurePlan& proc : handlers) {
     if (budget < 2 * ProcedureWriter::kMinimumLines) break;
-    spec.lines = std::min<std::size_t>(budget - ProcedureWriter::kMinimumLines,
+    proc.lines = std::min<std::size_t>(budget - ProcedureWriter::kMinimumLines,
                                        static_cast<std::size_t>(rng_.Between(4, 12)));
-    Emit(spec);
-    budget -= spec.lines;
+    Emit(proc);
+    budget -= proc.lines;
   }
   while (budget >= ProcedureWriter::kMinimumLines) {
     std::size_t size = static_cast<std::size_t>(rng_.Between(4, 24));
@@ -216,15 +216,15 @@ void CodeGenerator::Procedures(std::size_t budget) {
   for (; budget > 0; --budget) sink_.Line(0, "' " + words_.Sentence());
 }
 
-std::vector<ProcedureSpec> CodeGenerator::Handlers() {
-  std::vector<ProcedureSpec> specs;
+std::vector<ProcedurePlan> CodeGenerator::Handlers() {
+  std::vector<ProcedurePlan> procs;
   auto add = [&](std::string name, std::string params) {
-    ProcedureSpec spec;
-    spec.name = std::move(name);
-    spec.rawParams = std::move(params);
-    spec.handler = true;
-    names_.insert(spec.name);
-    specs.push_back(std::move(spec));
+    ProcedurePlan proc;
+    proc.name = std::move(name);
+    proc.rawParams = std::move(params);
+    proc.handler = true;
+    names_.insert(proc.name);
+    procs.push_back(std::move(proc));
   };
   switch (plan_.kind) {
     case ModuleKind::Class:
@@ -260,41 +260,41 @@ std::vector<ProcedureSpec> CodeGenerator::Handlers() {
     if (control.event.empty()) continue;
     add(control.name + "_" + std::string(control.event), control.isArray ? "Index As Integer" : "");
   }
-  return specs;
+  return procs;
 }
 
 void CodeGenerator::RandomProcedure(std::size_t lines) {
   bool propertiesFit = lines >= 2 * ProcedureWriter::kMinimumLines;
   bool wantsProperty = plan_.kind != ModuleKind::Standard ? rng_.Chance(30) : rng_.Chance(5);
   if (propertiesFit && wantsProperty && PropertyGroup(lines)) return;
-  ProcedureSpec spec;
-  spec.lines = lines;
+  ProcedurePlan proc;
+  proc.lines = lines;
   bool isFunction = rng_.Chance(40);
-  spec.keyword = isFunction ? "Function" : "Sub";
+  proc.keyword = isFunction ? "Function" : "Sub";
   vbgen::Variable result = words_.Typed();
-  spec.name =
+  proc.name =
       UniqueName(isFunction ? std::string(words_.Verb()) + result.name : words_.ProcedureName());
   std::uint32_t scope = rng_.Below(10);
   if (IsDesigner(plan_.kind)) {
-    spec.scope = scope < 8 ? "Private" : "Public";
+    proc.scope = scope < 8 ? "Private" : "Public";
   } else {
-    spec.scope = scope < 6                                           ? "Public"
+    proc.scope = scope < 6                                           ? "Public"
                  : (scope < 9 || plan_.kind == ModuleKind::Standard) ? "Private"
                                                                      : "Friend";
   }
   int params = rng_.Between(0, 3);
   for (int i = 0; i < params; ++i) {
     vbgen::Variable param = words_.Typed();
-    bool clash = param.name == spec.name ||
-                 std::any_of(spec.params.begin(), spec.params.end(),
+    bool clash = param.name == proc.name ||
+                 std::any_of(proc.params.begin(), proc.params.end(),
                              [&](const vbgen::Variable& v) { return v.name == param.name; });
-    if (!clash) spec.params.push_back(std::move(param));
+    if (!clash) proc.params.push_back(std::move(param));
   }
-  if (isFunction) spec.returns = result.type;
-  if (spec.scope == "Public" && rng_.Chance(15)) {
-    spec.attributes.push_back("VB_Description = \"" + words_.Sentence() + "\"");
+  if (isFunction) proc.returns = result.type;
+  if (proc.scope == "Public" && rng_.Chance(15)) {
+    proc.attributes.push_back("VB_Description = \"" + words_.Sentence() + "\"");
   }
-  Emit(spec);
+  Emit(proc);
 }
 
 // Property Get with Let (and Set for Variant values) over one module variable.
@@ -306,38 +306,38 @@ bool CodeGenerator::PropertyGroup(std::size_t lines) {
   std::string name = backing.name.substr(1);
   if (!names_.insert(name).second) return false;
   for (std::size_t part = 0; part < parts; ++part) {
-    ProcedureSpec spec;
-    spec.scope = "Public";
-    spec.name = name;
-    spec.backing = backing.name;
-    spec.lines = part + 1 < parts ? lines / parts : lines - (parts - 1) * (lines / parts);
+    ProcedurePlan proc;
+    proc.scope = "Public";
+    proc.name = name;
+    proc.backing = backing.name;
+    proc.lines = part + 1 < parts ? lines / parts : lines - (parts - 1) * (lines / parts);
     if (part == 0) {
-      spec.keyword = "Property Get";
-      spec.returns = backing.type;
+      proc.keyword = "Property Get";
+      proc.returns = backing.type;
       if (!hasDefaultMember_ && plan_.kind == ModuleKind::Class && rng_.Chance(30)) {
-        spec.attributes.push_back("VB_UserMemId = 0");
+        proc.attributes.push_back("VB_UserMemId = 0");
         hasDefaultMember_ = true;
       } else if (plan_.kind == ModuleKind::UserControl) {
-        spec.attributes.push_back("VB_ProcData.VB_Invoke_Property = \";Behavior\"");
+        proc.attributes.push_back("VB_ProcData.VB_Invoke_Property = \";Behavior\"");
       } else if (rng_.Chance(20)) {
-        spec.attributes.push_back("VB_Description = \"" + words_.Sentence() + "\"");
+        proc.attributes.push_back("VB_Description = \"" + words_.Sentence() + "\"");
       }
     } else {
-      spec.keyword = part == 1 ? "Property Let" : "Property Set";
-      spec.params.push_back({"NewValue", backing.type});
+      proc.keyword = part == 1 ? "Property Let" : "Property Set";
+      proc.params.push_back({"NewValue", backing.type});
     }
-    Emit(spec);
+    Emit(proc);
   }
   return true;
 }
 
-void CodeGenerator::Emit(ProcedureSpec& spec) {
+void CodeGenerator::Emit(ProcedurePlan& proc) {
   ProcedureWriter writer(sink_, rng_, words_, context_);
-  writer.Write(spec);
-  if (spec.keyword == "Sub" || spec.keyword == "Function") {
-    Callable callable{spec.name, spec.returns, {}};
-    for (const vbgen::Variable& p : spec.params) callable.params.push_back(p.type);
-    if (!spec.handler) context_.callables.push_back(std::move(callable));
+  writer.Write(proc);
+  if (proc.keyword == "Sub" || proc.keyword == "Function") {
+    Callable callable{proc.name, proc.returns, {}};
+    for (const vbgen::Variable& p : proc.params) callable.params.push_back(p.type);
+    if (!proc.handler) context_.callables.push_back(std::move(callable));
   }
 }
 

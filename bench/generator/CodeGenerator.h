@@ -31,11 +31,11 @@ class CodeGenerator {
   std::size_t TypeBlock(std::size_t budget);
   std::size_t EnumBlock(std::size_t budget);
   void ModuleVariable(std::string_view scope);
-  std::vector<ProcedureSpec> Handlers();
+  std::vector<ProcedurePlan> Handlers();
   void Procedures(std::size_t budget);
   void RandomProcedure(std::size_t lines);
   bool PropertyGroup(std::size_t lines);
-  void Emit(ProcedureSpec& spec);
+  void Emit(ProcedurePlan& proc);
   void Dense();
   std::string UniqueName(std::string name);
 

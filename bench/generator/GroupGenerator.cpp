@@ -18,7 +18,7 @@ constexpr std::size_t kMinimumLinesPerModule = 10;
 constexpr std::uint64_t kPlanStream = 0xA11CE5EEDull;
 
 // The fixed group size at which the giant and the member-dense module reach full size.
-constexpr std::size_t kFullSpecials = 500'000;
+constexpr std::size_t kFullSizeFrom = 500'000;
 
 std::string_view TypeName(ProjectKind kind) {
   switch (kind) {
@@ -72,11 +72,11 @@ ModuleKind PickKind(ProjectKind project, Prng& rng) {
 }
 
 std::size_t GiantLines(std::size_t lines) {
-  return lines >= kFullSpecials ? 50'000 : lines / 20;
+  return lines >= kFullSizeFrom ? 50'000 : lines / 20;
 }
 
 std::size_t DenseMembers(std::size_t lines) {
-  return lines >= kFullSpecials ? 5'000 : std::max<std::size_t>(lines / 200, 10);
+  return lines >= kFullSizeFrom ? 5'000 : std::max<std::size_t>(lines / 200, 10);
 }
 
 }  // namespace
@@ -86,8 +86,8 @@ GroupGenerator::GroupGenerator(const GeneratorOptions& options) : options_(optio
     throw std::invalid_argument("--modules " + std::to_string(options.modules) +
                                 " is too small: the group needs at least 3 modules");
   }
-  std::size_t special = GiantLines(options.lines) + DenseModuleLines(DenseMembers(options.lines));
-  std::size_t needed = special + (options.modules - 2) * kMinimumLinesPerModule;
+  std::size_t reserved = GiantLines(options.lines) + DenseModuleLines(DenseMembers(options.lines));
+  std::size_t needed = reserved + (options.modules - 2) * kMinimumLinesPerModule;
   if (options.lines < needed) {
     throw std::invalid_argument("--lines " + std::to_string(options.lines) + " is too small for " +
                                 std::to_string(options.modules) + " modules: use at least " +

@@ -21,64 +21,64 @@ std::string Declaration(const Variable& v) {
 
 }  // namespace
 
-void ProcedureWriter::Write(const ProcedureSpec& spec) {
-  spec_ = &spec;
-  expr_.Reset(spec.params);
+void ProcedureWriter::Write(const ProcedurePlan& proc) {
+  proc_ = &proc;
+  expr_.Reset(proc.params);
   hasCounter_ = false;
-  std::size_t budget = std::max(spec.lines, kMinimumLines);
+  std::size_t budget = std::max(proc.lines, kMinimumLines);
   // A comment between procedures, as most code bases have; some keep a framed banner.
   if (budget >= 14 && rng_.Chance(25)) {
     std::string rule = "' " + std::string(66, '-');
     sink_.Line(0, rule);
-    sink_.Line(0, "' " + spec.name + ": " + words_.Sentence());
+    sink_.Line(0, "' " + proc.name + ": " + words_.Sentence());
     sink_.Line(0, rule);
     budget -= 3;
   } else if (budget >= 9 && rng_.Chance(35)) {
     sink_.Line(0, "' " + words_.Sentence());
     --budget;
   }
-  budget -= Header(spec, budget);
-  for (const std::string& attribute : spec.attributes) sink_.Attribute(spec.name, attribute);
-  Body(spec, budget - 2);
-  sink_.Line(0, EndStatement(spec.keyword));
+  budget -= Header(proc, budget);
+  for (const std::string& attribute : proc.attributes) sink_.Attribute(proc.name, attribute);
+  Body(proc, budget - 2);
+  sink_.Line(0, EndStatement(proc.keyword));
   sink_.Blank();
 }
 
-std::size_t ProcedureWriter::Header(const ProcedureSpec& spec, std::size_t budget) {
-  std::string head(spec.scope);
+std::size_t ProcedureWriter::Header(const ProcedurePlan& proc, std::size_t budget) {
+  std::string head(proc.scope);
   head += ' ';
-  head += spec.keyword;
+  head += proc.keyword;
   head += ' ';
-  head += spec.name;
+  head += proc.name;
   head += '(';
   std::string returns;
-  if (spec.returns != nullptr) {
+  if (proc.returns != nullptr) {
     returns = " As ";
-    returns += spec.returns->name;
+    returns += proc.returns->name;
   }
-  if (!spec.rawParams.empty() || spec.params.size() < 2 || budget < 8 || !rng_.Chance(40)) {
-    std::string line = head + spec.rawParams;
-    for (std::size_t i = 0; i < spec.params.size(); ++i) {
+  if (!proc.rawParams.empty() || proc.params.size() < 2 || budget < 8 || !rng_.Chance(40)) {
+    std::string line = head + proc.rawParams;
+    for (std::size_t i = 0; i < proc.params.size(); ++i) {
       if (i > 0) line += ", ";
-      line += "ByVal " + Declaration(spec.params[i]);
+      line += "ByVal " + Declaration(proc.params[i]);
     }
     sink_.Line(0, line + ")" + returns);
     return 1;
   }
   // Long parameter lists are continued and aligned under the first parameter.
-  sink_.Line(0, head + "ByVal " + Declaration(spec.params[0]) + ", _");
+  sink_.Line(0, head + "ByVal " + Declaration(proc.params[0]) + ", _");
   std::string rest;
-  for (std::size_t i = 1; i < spec.params.size(); ++i) {
+  for (std::size_t i = 1; i < proc.params.size(); ++i) {
     if (i > 1) rest += ", ";
-    rest += "ByVal " + Declaration(spec.params[i]);
+    rest += "ByVal " + Declaration(proc.params[i]);
   }
   sink_.Line(head.size(), rest + ")" + returns);
   return 2;
 }
 
-void ProcedureWriter::Body(const ProcedureSpec& spec, std::size_t lines) {
-  bool returnsValue = spec.returns != nullptr;
-  bool stores = !spec.backing.empty() && !returnsValue;
+void ProcedureWriter::Body(const ProcedurePlan& proc, std::size_t lines) {
+  bool returnsValue = proc.returns != nullptr;
+  bool stores = !proc.backing.empty() && !returnsValue;
   std::size_t fixed = (returnsValue || stores) ? 1 : 0;
   bool handler = lines >= fixed + 10 && rng_.Chance(35);
   if (handler) fixed += 4;
@@ -95,11 +95,11 @@ void ProcedureWriter::Body(const ProcedureSpec& spec, std::size_t lines) {
   if (handler) sink_.Line(4, "On Error GoTo ErrorHandler");
   Nested(4, free);
   if (returnsValue) {
-    std::string value = spec.backing.empty() ? expr_.Value(*spec.returns) : spec.backing;
-    sink_.Line(4, spec.name + " = " + value);
+    std::string value = proc.backing.empty() ? expr_.Value(*proc.returns) : proc.backing;
+    sink_.Line(4, proc.name + " = " + value);
   } else if (stores) {
-    bool object = spec.keyword == "Property Set";
-    sink_.Line(4, (object ? "Set " : "") + spec.backing + " = NewValue");
+    bool object = proc.keyword == "Property Set";
+    sink_.Line(4, (object ? "Set " : "") + proc.backing + " = NewValue");
   }
   if (!handler) return;
   sink_.Line(4, ExitStatement());
@@ -107,7 +107,7 @@ void ProcedureWriter::Body(const ProcedureSpec& spec, std::size_t lines) {
   if (rng_.Chance(50)) {
     sink_.Line(4, "MsgBox \"" + words_.Message() + "\" & vbCrLf & Err.Description, vbExclamation");
   } else {
-    sink_.Line(4, "Err.Raise Err.Number, \"" + context_.moduleName + "." + spec.name +
+    sink_.Line(4, "Err.Raise Err.Number, \"" + context_.moduleName + "." + proc.name +
                       "\", Err.Description");
   }
 }
@@ -206,7 +206,7 @@ void ProcedureWriter::Simple(std::size_t indent) {
   } else if (roll < 43 && context_.raisesEvents) {
     sink_.Line(indent, "RaiseEvent Changed(\"" + words_.Compound() + "\")");
   } else if (roll < 45) {
-    sink_.Line(indent, "Debug.Print \"" + spec_->name + ": \" & " +
+    sink_.Line(indent, "Debug.Print \"" + proc_->name + ": \" & " +
                            expr_.Value(Vocabulary::ByPrefix("str")));
   } else {
     Assignment(indent);
@@ -283,8 +283,8 @@ void ProcedureWriter::Continued(std::size_t indent) {
 }
 
 std::string_view ProcedureWriter::ExitStatement() const {
-  if (spec_->keyword == "Sub") return "Exit Sub";
-  if (spec_->keyword == "Function") return "Exit Function";
+  if (proc_->keyword == "Sub") return "Exit Sub";
+  if (proc_->keyword == "Function") return "Exit Function";
   return "Exit Property";
 }
 

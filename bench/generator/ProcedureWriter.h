@@ -14,7 +14,7 @@
 
 namespace vbgen {
 
-struct ProcedureSpec {
+struct ProcedurePlan {
   std::string_view scope = "Private";  // Public, Private, Friend
   std::string_view keyword = "Sub";    // Sub, Function, Property Get/Let/Set
   std::string name;
@@ -34,11 +34,11 @@ class ProcedureWriter {
   ProcedureWriter(CodeSink& sink, Prng& rng, Vocabulary& words, const ModuleContext& context)
       : sink_(sink), rng_(rng), words_(words), context_(context), expr_(rng, words, context) {}
 
-  void Write(const ProcedureSpec& spec);
+  void Write(const ProcedurePlan& proc);
 
  private:
-  std::size_t Header(const ProcedureSpec& spec, std::size_t budget);
-  void Body(const ProcedureSpec& spec, std::size_t lines);
+  std::size_t Header(const ProcedurePlan& proc, std::size_t budget);
+  void Body(const ProcedurePlan& proc, std::size_t lines);
   std::size_t DeclareLocals(std::size_t count, bool withCounter);
   std::size_t Block(std::size_t indent, std::size_t maxLines);
   void Nested(std::size_t indent, std::size_t lines);
@@ -54,7 +54,7 @@ class ProcedureWriter {
   Vocabulary& words_;
   const ModuleContext& context_;
   ExpressionWriter expr_;
-  const ProcedureSpec* spec_ = nullptr;
+  const ProcedurePlan* proc_ = nullptr;
   bool hasCounter_ = false;
 };
 

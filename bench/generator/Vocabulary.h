@@ -16,8 +16,9 @@ struct VbType {
 };
 
 // Concatenates parts that were evaluated left to right. The order of evaluation of the operands of
-// `a() + b()` is unspecified and differs between compilers; a braced list fixes it, so every call
-// that draws random numbers must be combined through Cat to keep the output the same everywhere.
+// `a() + b()` is left open by the language and differs between compilers; a braced list fixes it,
+// so every call that draws random numbers must be combined through Cat to keep the output the same
+// everywhere.
 inline std::string Cat(std::initializer_list<std::string> parts) {
   std::string text;
   for (const std::string& part : parts) text += part;

@@ -296,7 +296,8 @@ End Sub
 
 Private Function ValidateDetails() As Boolean
     If Len(Trim$(txtCode.Text)) = 0 Then
-        MsgBox "Enter a customer code.", vbExclamation, APP_TITLE
+        MsgBox "Enter a customer code. If you don't have one yet, Select ""New"" and then Save.", _
+               vbExclamation, APP_TITLE
         txtCode.SetFocus
         Exit Function
     End If
