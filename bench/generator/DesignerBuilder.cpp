@@ -54,6 +54,7 @@ std::vector<ControlInfo> DesignerBuilder::Write(const ModulePlan& plan, bool lis
   }
   OwnProperties(plan);
   int count = plan.kind == ModuleKind::Form ? rng_.Between(4, 24) : rng_.Between(2, 8);
+  if (!plan.hostedControl.empty()) HostedControl(plan.hostedControl);
   Controls(count, listView);
   if (plan.kind == ModuleKind::Form && rng_.Chance(60)) Menus();
   writer_.End();
@@ -216,6 +217,26 @@ void DesignerBuilder::ListView() {
   }
   writer_.End();
   top_ += 2895;
+  controls_.push_back({name, "Enabled", "", false, 0});
+}
+
+// A user control from a control project of the group: extender properties, then its extent.
+void DesignerBuilder::HostedControl(const std::string& qualifiedClass) {
+  std::string name = qualifiedClass.substr(qualifiedClass.find('.') + 1) + "1";
+  names_.insert(name);
+  int height = rng_.Between(4, 30) * 75;
+  int width = rng_.Between(10, 60) * 75;
+  writer_.Begin(qualifiedClass, name);
+  writer_.Prop("Height", height);
+  writer_.Prop("Left", 120);
+  writer_.Prop("TabIndex", tabIndex_++);
+  writer_.Prop("Top", top_);
+  writer_.Prop("Width", width);
+  // Twips to HiMetric, as the extent is stored: 1 twip = 2540 / 1440 HiMetric units.
+  writer_.Prop("_ExtentX", width * 127 / 72);
+  writer_.Prop("_ExtentY", height * 127 / 72);
+  writer_.End();
+  top_ += height + 120;
   controls_.push_back({name, "Enabled", "", false, 0});
 }
 

@@ -27,6 +27,7 @@ class DesignerBuilder {
   void Control(std::string_view kind, const std::string& name, int index);
   void Frame(int children);
   void ListView();
+  void HostedControl(const std::string& qualifiedClass);
   void Menus();
   void FontBlock();
   void Place(int height, int width);

@@ -227,7 +227,13 @@ bool FormatLinter::LintItem(const fs::path& vbp, std::string_view key, std::stri
     listedName = value.substr(0, separator);
     path = value.substr(separator + 2);
   }
-  if (key == "Reference" || key == "Object") return true;
+  if (key == "Reference" || key == "Object") {
+    // Another project of the group, referenced by its relative path.
+    if (value.starts_with("*\\A") && !fs::exists(Relative(folder, value.substr(3)))) {
+      Problem(vbp, number, "project " + std::string(value.substr(3)) + " not found");
+    }
+    return true;
+  }
   fs::path file = Relative(folder, path);
   std::optional<std::string> bytes = ReadFile(file);
   if (!bytes) {

@@ -114,6 +114,7 @@ void GroupGenerator::PlanProjects() {
     } while (!projectNames.insert(project.name).second);
     std::size_t share = options_.modules / count + (p < options_.modules % count ? 1 : 0);
     PlanModules(project, share, stream);
+    if (project.kind == ProjectKind::Exe) HostControls(project, rng);
     projects_.push_back(std::move(project));
   }
 }
@@ -147,6 +148,23 @@ void GroupGenerator::PlanModules(ProjectPlan& project, std::size_t count, std::s
       module.eventSource = eventClasses[rng.Below(static_cast<std::uint32_t>(eventClasses.size()))];
     }
     project.modules.push_back(std::move(module));
+  }
+}
+
+// Lets some forms of an Exe project place a public user control of the latest control project
+// before it, as applications built on their own control library do.
+void GroupGenerator::HostControls(ProjectPlan& project, Prng& rng) const {
+  auto library = std::find_if(projects_.rbegin(), projects_.rend(),
+                              [](const ProjectPlan& p) { return p.kind == ProjectKind::Control; });
+  if (library == projects_.rend()) return;
+  std::vector<const ModulePlan*> controls;
+  for (const ModulePlan& m : library->modules) {
+    if (m.kind == ModuleKind::UserControl) controls.push_back(&m);
+  }
+  if (controls.empty()) return;
+  for (ModulePlan& module : project.modules) {
+    if (module.kind != ModuleKind::Form || !rng.Chance(30)) continue;
+    module.hostedControl = library->name + "." + rng.Pick(controls)->name;
   }
 }
 
@@ -199,6 +217,14 @@ std::string GroupGenerator::GroupText() const {
   return text;
 }
 
+std::string GroupGenerator::HostedLibrary(const ProjectPlan& project) {
+  for (const ModulePlan& module : project.modules) {
+    if (!module.hostedControl.empty())
+      return module.hostedControl.substr(0, module.hostedControl.find('.'));
+  }
+  return {};
+}
+
 std::string GroupGenerator::ProjectText(const ProjectPlan& project) const {
   std::string text = "Type=" + std::string(TypeName(project.kind)) + "\r\n";
   text +=
@@ -207,6 +233,8 @@ std::string GroupGenerator::ProjectText(const ProjectPlan& project) const {
   if (project.kind == ProjectKind::Exe) {
     text += "Object=" + std::string(ModuleWriter::kComctlObject) + "\r\n";
   }
+  std::string library = HostedLibrary(project);
+  if (!library.empty()) text += "Object=*\\A..\\" + library + "\\" + library + ".vbp\r\n";
   std::string firstForm;
   for (const ModulePlan& module : project.modules) {
     std::string file = module.name + std::string(Extension(module.kind));

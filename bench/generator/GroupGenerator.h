@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Plan.h"
+#include "Prng.h"
 
 namespace vbgen {
 
@@ -49,6 +50,9 @@ class GroupGenerator {
   void PlanProjects();
   void PlanModules(ProjectPlan& project, std::size_t count, std::size_t& stream);
   void AssignLines();
+  void HostControls(ProjectPlan& project, Prng& rng) const;
+  // The control project whose controls the forms of `project` place; empty for none.
+  static std::string HostedLibrary(const ProjectPlan& project);
 
   GeneratorOptions options_;
   std::vector<ProjectPlan> projects_;

@@ -13,12 +13,23 @@ struct FixtureFile {
   std::string_view text;
 };
 
-inline constexpr std::array<FixtureFile, 5> kFixture = {{
-    {"Mini.vbg", "VBGROUP 5.0\nStartupProject=App\\App.vbp\n"},
+inline constexpr std::array<FixtureFile, 7> kFixture = {{
+    {"Mini.vbg", "VBGROUP 5.0\nProject=Lib\\Lib.vbp\nStartupProject=App\\App.vbp\n"},
+    {"Lib/Lib.vbp",
+     "Type=Control\nUserControl=Gauge.ctl\nStartup=\"(None)\"\nCommand32=\"\"\nName=\"Lib\"\n"
+     "HelpContextID=\"0\"\nCompatibleMode=\"1\"\nMajorVer=1\nMaxNumberOfThreads=1\n"
+     "ThreadingModel=1\n"},
+    {"Lib/Gauge.ctl",
+     "VERSION 5.00\nBegin VB.UserControl Gauge \n   ClientHeight    =   600\nEnd\n"
+     "Attribute VB_Name = \"Gauge\"\nAttribute VB_GlobalNameSpace = False\n"
+     "Attribute VB_Creatable = True\nAttribute VB_PredeclaredId = False\n"
+     "Attribute VB_Exposed = True\nOption Explicit\n\n"
+     "Public Event Click()\nAttribute Click.VB_UserMemId = -600\n"},
     {"App/App.vbp",
      "Type=Exe\n"
      "Reference=*\\G{00020430-0000-0000-C000-000000000046}#2.0#0#stdole2.tlb#OLE Automation\n"
      "Module=modMain; modMain.bas\nForm=frmMain.frm\nClass=CThing; CThing.cls\n"
+     "Object=*\\A..\\Lib\\Lib.vbp\n"
      "Startup=\"frmMain\"\nCommand32=\"\"\nName=\"App\"\nHelpContextID=\"0\"\n"
      "CompatibleMode=\"0\"\nMajorVer=1\nMaxNumberOfThreads=1\n\n"
      "[MS Transaction Server]\nAutoRefresh=1\n"},
@@ -43,13 +54,14 @@ inline constexpr std::array<FixtureFile, 5> kFixture = {{
      "Public Property Let Count(ByVal NewValue As Long)\n    mCount = NewValue\n"
      "    RaiseEvent Changed\nEnd Property\n"},
     {"App/frmMain.frm",
-     "VERSION 5.00\nBegin VB.Form frmMain \n"
+     "VERSION 5.00\nObject = \"*\\A..\\Lib\\Lib.vbp\"\nBegin VB.Form frmMain \n"
      "   Caption         =   \"Main\"\n   ClientHeight    =   3000\n"
      "   BeginProperty Font \n      Name            =   \"Tahoma\"\n"
      "      Underline       =   0   'False\n   EndProperty\n"
      "   StartUpPosition =   3  'Windows Default\n"
      "   Begin VB.CommandButton cmdGo \n      Caption         =   \"Go\"\n"
      "      Default         =   -1  'True\n      Index           =   0\n   End\n"
+     "   Begin Lib.Gauge Gauge1 \n      Height          =   600\n   End\n"
      "   Begin VB.Frame fraBox \n      Caption         =   \"Box\"\n"
      "      Begin VB.Label lblInfo \n         Caption         =   \"Info\"\n      End\n   End\n"
      "   Begin VB.CommandButton cmdGo \n      Caption         =   \"Stop\"\n"
@@ -74,7 +86,7 @@ struct FixtureFault {
   std::string_view expect;
 };
 
-inline constexpr std::array<FixtureFault, 26> kFaults = {{
+inline constexpr std::array<FixtureFault, 28> kFaults = {{
     {"bare LF", "App/modMain.bas", "Option Explicit\r\n", "Option Explicit\n", "LF only"},
     {"no final CR LF", "App/modMain.bas", "End Function\r\n", "End Function", "has no CR LF"},
     {"bare CR", "App/App.vbp", "MajorVer=1\r\n", "MajorVer=1\r", "CR only"},
@@ -125,6 +137,10 @@ inline constexpr std::array<FixtureFault, 26> kFaults = {{
     {"vbp item after settings", "App/App.vbp", "MajorVer=1\r\n",
      "MajorVer=1\r\nModule=modMain; modMain.bas\r\n", "contiguous"},
     {"vbp name differs", "App/App.vbp", "Module=modMain;", "Module=modMains;", "VB_Name is"},
+    {"control of another project without Object line", "App/frmMain.frm",
+     "Object = \"*\\A..\\Lib\\Lib.vbp\"\r\n", "", "needs an Object line"},
+    {"reference to a missing project", "App/App.vbp", "Module=modMain;",
+     "Object=*\\A..\\Tools\\Tools.vbp\r\nModule=modMain;", "not found"},
     {"section without empty line", "App/App.vbp", "\r\n\r\n[MS", "\r\n[MS",
      "preceded by one empty line"},
 }};

@@ -116,6 +116,7 @@ std::size_t ModuleLinter::Header(ModuleKind kind) {
     bool control = line.starts_with("Object = \"{") && line.ends_with(".OCX\"") &&
                    line.find("\"; \"") != std::string_view::npos;
     bool project = line.starts_with("Object = \"*\\A") && line.ends_with(".vbp\"");
+    ++objectLines_;
     if (!control && !project)
       Problem(at + 1, "Object line not in the form Object = \"{...}#v#0\"; \"x.ocx\"");
   }
@@ -178,6 +179,9 @@ std::size_t ModuleLinter::DesignerBlock(std::size_t at, ModuleKind kind) {
           if (cls == "VB.Menu") parent.sawMenu = true;
           if (cls != "VB.Menu" && parent.sawMenu)
             Problem(i + 1, "control " + name + " after the menus");
+          bool intrinsic = cls.starts_with("VB.");
+          if (!intrinsic && objectLines_ == 0)
+            Problem(i + 1, "control class " + cls + " needs an Object line");
           level.control = static_cast<int>(placed.size());
           byName[name].push_back(level.control);
           placed.push_back({cls, -1, i + 1});

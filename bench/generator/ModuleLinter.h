@@ -39,6 +39,7 @@ class ModuleLinter {
   std::vector<std::string_view> lines_;
   ModuleFacts facts_;
   std::string designerName_;
+  std::size_t objectLines_ = 0;
 };
 
 }  // namespace vbgen

@@ -62,6 +62,10 @@ std::string ModuleWriter::Text(const ModulePlan& plan, std::uint64_t seed) {
     if (listView) {
       out += "Object = \"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCTL.OCX\"\r\n";
     }
+    if (!plan.hostedControl.empty()) {
+      std::string library = plan.hostedControl.substr(0, plan.hostedControl.find('.'));
+      out += "Object = \"*\\A..\\" + library + "\\" + library + ".vbp\"\r\n";
+    }
     controls = DesignerBuilder(out, rng, words).Write(plan, listView);
     Attribute(out, "Name", quotedName);
     bool isForm = plan.kind == ModuleKind::Form;

@@ -20,6 +20,9 @@ struct ModulePlan {
   bool exposed = false;     // public component of an ActiveX project
   bool raisesEvents = false;
   std::string eventSource;  // class whose events this module handles; empty for none
+  // A user control of another project in the group that this form places, as
+  // "<Project>.<UserControl>"; empty for none.
+  std::string hostedControl;
   std::uint64_t stream = 0;
 };
 
