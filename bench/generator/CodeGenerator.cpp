@@ -291,7 +291,7 @@ void CodeGenerator::RandomProcedure(std::size_t lines) {
     if (!clash) proc.params.push_back(std::move(param));
   }
   if (isFunction) proc.returns = result.type;
-  if (proc.scope == "Public" && rng_.Chance(15)) {
+  if (proc.scope == "Public" && rng_.Chance(30)) {
     proc.attributes.push_back("VB_Description = \"" + words_.Sentence() + "\"");
   }
   Emit(proc);

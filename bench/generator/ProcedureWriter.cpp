@@ -27,7 +27,7 @@ void ProcedureWriter::Write(const ProcedurePlan& proc) {
   hasCounter_ = false;
   std::size_t budget = std::max(proc.lines, kMinimumLines);
   // A comment between procedures, as most code bases have; some keep a framed banner.
-  if (budget >= 14 && rng_.Chance(25)) {
+  if (budget >= 14 && rng_.Chance(40)) {
     std::string rule = "' " + std::string(66, '-');
     sink_.Line(0, rule);
     sink_.Line(0, "' " + proc.name + ": " + words_.Sentence());
@@ -200,12 +200,12 @@ void ProcedureWriter::Simple(std::size_t indent) {
     Call(indent);
   } else if (roll < 35) {
     sink_.Line(indent, "If " + expr_.Condition() + " Then " + std::string(ExitStatement()));
-  } else if (roll < 39) {
+  } else if (roll < 41) {
     sink_.Line(indent, "MsgBox \"" + words_.Message() + "\", vbInformation, \"" +
                            context_.moduleName + "\"");
-  } else if (roll < 43 && context_.raisesEvents) {
+  } else if (roll < 45 && context_.raisesEvents) {
     sink_.Line(indent, "RaiseEvent Changed(\"" + words_.Compound() + "\")");
-  } else if (roll < 45) {
+  } else if (roll < 49) {
     sink_.Line(indent, "Debug.Print \"" + proc_->name + ": \" & " +
                            expr_.Value(Vocabulary::ByPrefix("str")));
   } else {

@@ -107,6 +107,11 @@ std::string_view Vocabulary::Qualifier() {
 Variable Vocabulary::Typed() {
   const Qualified& q = PickQualified(rng_);
   std::string name(Noun());
+  // Some names qualify twice (CustomerInvoiceTotal), as long-lived business code tends to.
+  if (rng_.Chance(35)) {
+    std::string_view second = Noun();
+    if (second != name) name += second;
+  }
   name += q.word;
   return {name, &ByPrefix(q.prefix)};
 }
@@ -116,6 +121,10 @@ Variable Vocabulary::Local() {
   const VbType* type = &ByPrefix(q.prefix);
   std::string name(type->prefix);
   name += Noun();
+  if (rng_.Chance(30)) {
+    std::string_view second = Noun();
+    if (name.find(second) == std::string::npos) name += second;
+  }
   if (rng_.Chance(70)) {
     name += q.word;
   } else {
@@ -164,11 +173,13 @@ std::string Vocabulary::ConstantName() {
 }
 
 std::string Vocabulary::Sentence() {
-  std::string text(rng_.Pick(kSentenceParts));
+  std::string_view first = rng_.Pick(kSentenceParts);
+  std::string text(first);
   text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
-  if (rng_.Chance(65)) {
+  std::string_view second = rng_.Pick(kSentenceParts);
+  if (second != first && rng_.Chance(65)) {
     text += "; ";
-    text += rng_.Pick(kSentenceParts);
+    text += second;
   }
   text += '.';
   return text;
