@@ -1,0 +1,8 @@
+// quillmark::mdlMain.
+#include "addin/mdlMain.h"
+
+namespace quillmark {
+
+mdlMain::mdlMain(std::shared_ptr<vb::Runtime> rt) : runtime(std::move(rt)) {}
+
+}  // namespace quillmark

@@ -1,0 +1,17 @@
+// quillmark::frmOptions: the Options dialog.
+#pragma once
+
+#include "addin/mdlMain.h"
+#include "runtime/forms/Form.h"
+
+namespace quillmark {
+
+class frmOptions final : public vb::Form {
+ public:
+  explicit frmOptions(mdlMain& main);
+
+ private:
+  mdlMain& main_;
+};
+
+}  // namespace quillmark
