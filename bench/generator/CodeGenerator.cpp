@@ -249,6 +249,7 @@ std::vector<ProcedurePlan> CodeGenerator::Handlers() {
       add("UserDocument_Show", "");
       break;
     case ModuleKind::Standard:
+    case ModuleKind::Designer:
       break;
   }
   if (!plan_.eventSource.empty()) {

@@ -108,6 +108,7 @@ std::optional<ModuleKind> KindOfKey(std::string_view key) {
   if (key == "UserControl") return ModuleKind::UserControl;
   if (key == "PropertyPage") return ModuleKind::PropertyPage;
   if (key == "UserDocument") return ModuleKind::UserDocument;
+  if (key == "Designer") return ModuleKind::Designer;
   return std::nullopt;
 }
 

@@ -48,6 +48,8 @@ std::string_view Prefix(ModuleKind kind) {
       return "ppg";
     case ModuleKind::UserDocument:
       return "doc";
+    case ModuleKind::Designer:
+      return "de";
   }
   return "mod";
 }

@@ -23,7 +23,7 @@ struct GeneratorReport {
   std::size_t files = 0;
   std::size_t lines = 0;
   std::size_t bytes = 0;
-  std::size_t byKind[6] = {};
+  std::size_t byKind[7] = {};
   std::string largestModule;
   std::size_t largestLines = 0;
   std::string denseModule;

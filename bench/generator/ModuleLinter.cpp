@@ -171,7 +171,8 @@ std::size_t ModuleLinter::DesignerBlock(std::size_t at, ModuleKind kind) {
         if (stack.empty()) {
           designerName_ = name;
           bool mdi = kind == ModuleKind::Form && cls == "VB.MDIForm";
-          if (cls != ExpectedClass(kind) && !mdi)
+          bool designer = kind == ModuleKind::Designer && cls.starts_with("{");
+          if (cls != ExpectedClass(kind) && !mdi && !designer)
             Problem(i + 1, "designer class " + cls + " does not fit the file type");
         } else {
           Level& parent = stack.back();

@@ -17,6 +17,8 @@ std::string_view Extension(ModuleKind kind) {
       return ".pag";
     case ModuleKind::UserDocument:
       return ".dob";
+    case ModuleKind::Designer:
+      return ".dsr";
   }
   return ".bas";
 }
@@ -35,6 +37,8 @@ std::string_view VbpKey(ModuleKind kind) {
       return "PropertyPage";
     case ModuleKind::UserDocument:
       return "UserDocument";
+    case ModuleKind::Designer:
+      return "Designer";
   }
   return "Module";
 }

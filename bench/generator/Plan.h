@@ -9,7 +9,9 @@
 
 namespace vbgen {
 
-enum class ModuleKind { Standard, Class, Form, UserControl, PropertyPage, UserDocument };
+// Designer stands for ActiveX designers (.dsr) such as the DataEnvironment; the linter reads
+// them, the generator does not write any.
+enum class ModuleKind { Standard, Class, Form, UserControl, PropertyPage, UserDocument, Designer };
 enum class ProjectKind { Exe, OleDll, OleExe, Control };
 
 struct ModulePlan {

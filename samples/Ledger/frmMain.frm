@@ -180,7 +180,7 @@ Private Sub mnuReport_Click(Index As Integer)
     Case 0
         mReport.CustomerList gCustomers, gSettings.ShowZeroBalances
     Case 1
-        mReport.CustomerList gCustomers, False
+        mReport.OpenItems
     Case 2
         If ActiveForm Is Nothing Then Exit Sub
         If TypeOf ActiveForm Is frmInvoice Then
