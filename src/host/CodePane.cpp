@@ -17,7 +17,7 @@ std::shared_ptr<CodePane> CodePane::Create(const std::shared_ptr<Ide>& ide,
   std::u16string caption = (project ? project->Name() : std::u16string()) + u" - " +
                            component->Name() + u" (Code)";
   pane->window_ = std::make_shared<host::Window>(ide, vbide::vbext_wt_CodeWindow, caption,
-                                                 ide->NewHandle(), false);
+                                                 ide->NewHandle(caption), false);
   ide->WindowList()->Add(pane->window_);
   std::static_pointer_cast<host::CodePanes>(ide->CodePanes())->Add(pane);
   ide->changed.Raise();

@@ -322,9 +322,8 @@ void Component::Activate() {
   if (!ide) return;
   if (designer_) {
     if (!designerWindow_ || !designerWindow_->Alive()) {
-      designerWindow_ = std::make_shared<Window>(ide, vbide::vbext_wt_Designer,
-                                                 project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")",
-                                                 ide->NewHandle(), false);
+      std::u16string caption = project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")";
+      designerWindow_ = std::make_shared<Window>(ide, vbide::vbext_wt_Designer, caption, ide->NewHandle(caption), false);
       ide->WindowList()->Add(designerWindow_);
     }
     designerWindow_->SetVisible(true);

@@ -75,14 +75,15 @@ void Ide::Init() {
   commandBars_ = std::make_shared<host::CommandBars>(context);
   commandBars_->BuildBuiltIns();
 
-  mainWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_MainWindow,
-                                         u"Project1 - Microsoft Visual Basic [design]", NewHandle(), true);
+  std::u16string mainTitle = u"Project1 - Microsoft Visual Basic [design]";
+  mainWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_MainWindow, mainTitle,
+                                         NewHandle(mainTitle, true), true);
   projectWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_ProjectWindow,
-                                            u"Project - Project1", NewHandle(), true);
+                                            u"Project - Project1", NewHandle(u"Project - Project1"), true);
   propertiesWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_PropertyWindow,
-                                               u"Properties", NewHandle(), true);
+                                               u"Properties", NewHandle(u"Properties"), true);
   immediate_ = std::make_shared<ImmediateWindow>(weak_from_this(), vbide::vbext_wt_Immediate,
-                                                 u"Immediate", NewHandle(), true);
+                                                 u"Immediate", NewHandle(u"Immediate"), true);
   for (auto w : {mainWindow_, projectWindow_, propertiesWindow_, std::shared_ptr<Window>(immediate_)})
     windows_->Add(w);
 }
@@ -322,8 +323,23 @@ void Ide::Shutdown() {
 
 // ---- Bookkeeping for the object model's own classes --------------------------------------------
 
+std::intptr_t Ide::NewHandle(std::u16string_view title, bool topLevel) {
+  if (!options_.windowSystem) return nextHandle_ += 0x10;
+  vb::Hwnd parent = topLevel || !mainWindow_ ? 0 : static_cast<vb::Hwnd>(mainWindow_->HWnd());
+  return options_.windowSystem->Create(std::u16string(title), parent);
+}
+
+void Ide::WindowRetitled(std::intptr_t hwnd, std::u16string_view title) {
+  if (options_.windowSystem) options_.windowSystem->SetTitle(static_cast<vb::Hwnd>(hwnd), std::u16string(title));
+}
+
+void Ide::WindowGone(std::intptr_t hwnd) {
+  if (options_.windowSystem) options_.windowSystem->Destroy(static_cast<vb::Hwnd>(hwnd));
+}
+
 void Ide::WindowFocused(Window* window) {
   focused_ = window;
+  if (options_.windowSystem) options_.windowSystem->SetFocus(static_cast<vb::Hwnd>(window->HWnd()));
   for (auto& p : panes_->Items()) {
     auto pane = std::static_pointer_cast<CodePane>(p);
     if (pane->CodeWindow().get() == window) activePane_ = pane;
@@ -336,6 +352,7 @@ void Ide::WindowHidden(Window* window) {
 
 void Ide::WindowDestroyed(Window* window) {
   WindowHidden(window);
+  WindowGone(window->HWnd());
   for (auto& p : panes_->Items()) {
     auto pane = std::static_pointer_cast<CodePane>(p);
     if (pane->CodeWindow().get() != window) continue;

@@ -16,6 +16,7 @@
 #include "host/files/Problem.h"
 #include "host/files/ProjectLoader.h"
 #include "runtime/Clipboard.h"
+#include "runtime/WindowSystem.h"
 #include "vbide/ClassRegistry.h"
 #include "vbide/VBE.h"
 
@@ -34,6 +35,9 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
     std::shared_ptr<vb::Clipboard> clipboard;               // shared with the form engine
     std::shared_ptr<const vbide::ClassRegistry> classes;    // add-ins and tool-window documents
     int codePage = 1252;                                    // for files opened from now on
+    // When given, the IDE's windows are windows of this window system: FindWindow finds the
+    // main window by its title, and a tool window is the parent of its document.
+    vb::WindowSystem* windowSystem = nullptr;
     // How the IDE reports an error that escaped an add-in (a message box in the studio).
     std::function<void(const std::u16string&)> reportAddInError;
   };
@@ -100,7 +104,11 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
 
   // ---- For the object model's own classes
   EventHub& Hub() { return *hub_; }
-  std::intptr_t NewHandle() { return nextHandle_ += 0x10; }
+  // A handle for a new IDE window (a child of the main window unless it is the main window).
+  std::intptr_t NewHandle(std::u16string_view title, bool topLevel = false);
+  void WindowRetitled(std::intptr_t hwnd, std::u16string_view title);
+  void WindowGone(std::intptr_t hwnd);
+  vb::WindowSystem* WindowSystem() const { return options_.windowSystem; }
   void WindowFocused(Window* window);
   void WindowHidden(Window* window);     // it loses the focus
   void WindowDestroyed(Window* window);  // closed for good (code and designer windows)

@@ -18,7 +18,10 @@ std::u16string Window::Caption() {
 
 void Window::SetCaption(std::u16string caption) {
   caption_ = std::move(caption);
-  if (auto ide = ide_.lock()) ide->changed.Raise();
+  if (auto ide = ide_.lock()) {
+    ide->WindowRetitled(hwnd_, caption_);
+    ide->changed.Raise();
+  }
 }
 
 vbide::vbext_WindowType Window::Type() {
@@ -35,6 +38,8 @@ void Window::SetVisible(bool visible) {
   CheckAlive(u"window " + caption_);
   if (visible_ == visible) return;
   visible_ = visible;
+  // A tool window's document sees its window shown and hidden.
+  if (document_) document_->Display(visible);
   auto ide = ide_.lock();
   if (!ide) return;
   if (!visible) ide->WindowHidden(this);  // a hidden window loses the focus
@@ -182,7 +187,10 @@ vbide::WindowPtr Windows::CreateToolWindow(const vbide::AddInPtr&, std::u16strin
   }
   auto ide = ide_.lock();
   auto window = std::make_shared<Window>(ide_, vbide::vbext_wt_ToolWindow, std::u16string(caption),
-                                         ide ? ide->NewHandle() : 0, false);
+                                         ide ? ide->NewHandle(caption) : 0, false);
+  // The document lives inside its tool window, so its top-level parent is the IDE's main window.
+  if (ide && ide->WindowSystem())
+    ide->WindowSystem()->SetParent(created->hWnd(), static_cast<vb::Hwnd>(window->HWnd()));
   window->Host(created, std::u16string(guid));
   items_.push_back(window);
   document = created;
