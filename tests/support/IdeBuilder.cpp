@@ -35,8 +35,9 @@ IdeBuilder& IdeBuilder::Options(host::Ide::Options options) {
   return *this;
 }
 
-std::shared_ptr<host::Ide> IdeBuilder::Build() const {
-  auto ide = host::Ide::Create(options_);
+std::shared_ptr<host::Ide> IdeBuilder::Build() const { return BuildOn(host::Ide::Create(options_)); }
+
+std::shared_ptr<host::Ide> IdeBuilder::BuildOn(std::shared_ptr<host::Ide> ide) const {
   for (auto& p : projects_) {
     auto project = ide->NewProject(p.type, p.name);
     for (auto& c : p.components) {

@@ -27,6 +27,8 @@ class IdeBuilder {
   IdeBuilder& Options(host::Ide::Options options);
 
   std::shared_ptr<host::Ide> Build() const;
+  // Adds the projects to an IDE made elsewhere (wired to a runtime, say) and returns it.
+  std::shared_ptr<host::Ide> BuildOn(std::shared_ptr<host::Ide> ide) const;
 
  private:
   struct ComponentSpec {
