@@ -9,6 +9,7 @@
 
 #include "FormatLinter.h"
 #include "LinterFixture.h"
+#include "UnitChecks.h"
 
 namespace vbgen {
 namespace fs = std::filesystem;
@@ -71,6 +72,7 @@ bool SelfCheck::Run() {
   fs::path work = MakeWorkFolder();
   bool ok = false;
   try {
+    for (const CheckResult& result : UnitChecks().Run()) Report(result.ok, result.what);
     ok = LinterCatchesFaults(work) && GeneratorIsDeterministic(work);
     BadInputIsRefused(work);
   } catch (...) {
