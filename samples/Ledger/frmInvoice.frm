@@ -226,8 +226,8 @@ Private Sub cmdCancelInvoice_Click()
     End If
 End Sub
 
-Private Sub mInvoice_LineAdded(ByVal Line As CInvoiceLine)
-    lstLines.AddItem Line.Describe()
+Private Sub mInvoice_LineAdded(ByVal NewLine As CInvoiceLine)
+    lstLines.AddItem NewLine.Describe()
     mDirty = True
 End Sub
 

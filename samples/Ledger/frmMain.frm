@@ -151,7 +151,7 @@ End Sub
 
 Private Sub mnuFileSave_Click()
     On Error GoTo SaveFailed
-    gSettings.Save
+    gSettings.SaveToIni
     UpdateStatus "Settings saved"
     Exit Sub
 

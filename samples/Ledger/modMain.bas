@@ -16,7 +16,7 @@ Public Sub Main()
     End If
 
     Set gSettings = New CSettings
-    gSettings.Load
+    gSettings.LoadFromIni
     mNextInvoiceNumber = gSettings.NextInvoiceNumber
 
     Set gCustomers = New CCustomers
@@ -41,7 +41,7 @@ Public Sub ShutDown()
     Dim frm As Form
 
     gSettings.NextInvoiceNumber = mNextInvoiceNumber
-    gSettings.Save
+    gSettings.SaveToIni
 	' Unload every child window before the main window goes away.
     For Each frm In Forms
         If Not frm Is frmMain Then Unload frm

@@ -39,8 +39,8 @@ Public Function IniPath() As String
     IniPath = App.Path & "\Ledger.ini"
 End Function
 
-Public Function ElapsedMilliseconds(ByVal StartTick As Long) As Long
-    ElapsedMilliseconds = GetTickCount() - StartTick
+Public Function ElapsedMilliseconds(ByVal FromTick As Long) As Long
+    ElapsedMilliseconds = GetTickCount() - FromTick
 End Function
 
 Public Function StartTick() As Long
