@@ -13,9 +13,13 @@ constexpr const char* kUsage =
     "commands:\n"
     "  info FILE                 list the projects and components of a .vbg or .vbp\n"
     "  resave FILE --to DIR      load FILE and save every file into DIR through the IDE\n"
+    "  tour [FILE]               connect the add-in to FILE (default: the sample) as the IDE\n"
+    "                            does at start-up, show its menu and toolbar, disconnect\n"
     "\n"
     "options:\n"
-    "  --codepage N              code page of the files (default 1252)\n";
+    "  --codepage N              code page of the files (default 1252)\n"
+    "  --config-dir DIR          where the add-in keeps its settings (default $QUILLMARK_HOME,\n"
+    "                            else ~/.config/quillmark)\n";
 
 }  // namespace
 
@@ -28,6 +32,7 @@ int Run(const std::vector<std::string>& argv, Streams io) {
   try {
     if (argv[0] == "info") return InfoCommand(rest, io);
     if (argv[0] == "resave") return ResaveCommand(rest, io);
+    if (argv[0] == "tour") return TourCommand(rest, io);
     throw UsageError("unknown command '" + argv[0] + "'");
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;
