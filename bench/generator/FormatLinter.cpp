@@ -194,22 +194,30 @@ void FormatLinter::LintProject(const fs::path& vbp) {
       continue;
     }
     itemsDone = true;
-    auto rank = static_cast<std::size_t>(std::find(kSettings.begin(), kSettings.end(), key) -
-                                         kSettings.begin());
-    if (rank >= kSettings.size()) {
-      Problem(vbp, i + 1, "unknown key '" + std::string(key) + "'");
-      continue;
-    }
-    if (rank < lastRank) Problem(vbp, i + 1, std::string(key) + " is out of the IDE's key order");
-    lastRank = rank;
-    bool quoted = value.size() >= 2 && value.starts_with("\"") && value.ends_with("\"");
-    if (Contains(kQuoted, key) != quoted)
-      Problem(vbp, i + 1,
-              std::string(key) + (quoted ? " is written without quotes" : " needs quotes"));
-    if (key == "ResFile32" && quoted &&
-        !fs::exists(Relative(vbp.parent_path(), value.substr(1, value.size() - 2)))) {
-      Problem(vbp, i + 1, "resource file " + std::string(value) + " not found");
-    }
+    Setting(vbp, key, value, i + 1, lastRank);
+  }
+}
+
+// One setting after the item block: a known key, in the IDE's order, quoted where the IDE
+// quotes it. `lastRank` carries the position of the previous setting.
+void FormatLinter::Setting(const fs::path& vbp, std::string_view key, std::string_view value,
+                           std::size_t number, std::size_t& lastRank) {
+  auto rank = static_cast<std::size_t>(std::find(kSettings.begin(), kSettings.end(), key) -
+                                       kSettings.begin());
+  if (rank >= kSettings.size()) {
+    Problem(vbp, number, "unknown key '" + std::string(key) + "'");
+    return;
+  }
+  if (rank < lastRank) Problem(vbp, number, std::string(key) + " is out of the IDE's key order");
+  lastRank = rank;
+  bool quoted = value.size() >= 2 && value.starts_with("\"") && value.ends_with("\"");
+  if (Contains(kQuoted, key) != quoted) {
+    Problem(vbp, number,
+            std::string(key) + (quoted ? " is written without quotes" : " needs quotes"));
+  }
+  if (key == "ResFile32" && quoted &&
+      !fs::exists(Relative(vbp.parent_path(), value.substr(1, value.size() - 2)))) {
+    Problem(vbp, number, "resource file " + std::string(value) + " not found");
   }
 }
 

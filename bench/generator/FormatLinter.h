@@ -27,6 +27,8 @@ class FormatLinter {
   void LintProject(const std::filesystem::path& vbp);
   bool LintItem(const std::filesystem::path& vbp, std::string_view key, std::string_view value,
                 std::size_t number, CaseTable& names);
+  void Setting(const std::filesystem::path& vbp, std::string_view key, std::string_view value,
+               std::size_t number, std::size_t& lastRank);
   void Problem(const std::filesystem::path& file, std::size_t line, const std::string& text);
 
   LintResult result_;

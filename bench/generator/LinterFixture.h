@@ -86,7 +86,7 @@ struct FixtureFault {
   std::string_view expect;
 };
 
-inline constexpr std::array<FixtureFault, 28> kFaults = {{
+inline constexpr std::array<FixtureFault, 30> kFaults = {{
     {"bare LF", "App/modMain.bas", "Option Explicit\r\n", "Option Explicit\n", "LF only"},
     {"no final CR LF", "App/modMain.bas", "End Function\r\n", "End Function", "has no CR LF"},
     {"bare CR", "App/App.vbp", "MajorVer=1\r\n", "MajorVer=1\r", "CR only"},
@@ -141,6 +141,10 @@ inline constexpr std::array<FixtureFault, 28> kFaults = {{
      "Object = \"*\\A..\\Lib\\Lib.vbp\"\r\n", "", "needs an Object line"},
     {"reference to a missing project", "App/App.vbp", "Module=modMain;",
      "Object=*\\A..\\Tools\\Tools.vbp\r\nModule=modMain;", "not found"},
+    {"setting without quotes", "App/App.vbp", "Startup=\"frmMain\"", "Startup=frmMain",
+     "needs quotes"},
+    {"unknown key in the main section", "App/App.vbp", "MajorVer=1\r\n",
+     "MajorVer=1\r\nColour=Blue\r\n", "unknown key 'Colour'"},
     {"section without empty line", "App/App.vbp", "\r\n\r\n[MS", "\r\n[MS",
      "preceded by one empty line"},
 }};

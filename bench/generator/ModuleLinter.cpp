@@ -124,20 +124,8 @@ std::size_t ModuleLinter::Header(ModuleKind kind) {
 }
 
 std::size_t ModuleLinter::DesignerBlock(std::size_t at, ModuleKind kind) {
-  struct Level {
-    bool property = false;
-    bool sawChild = false;
-    bool sawMenu = false;
-    int control = -1;
-  };
-  struct Placed {
-    std::string cls;
-    long index = -1;
-    std::size_t line = 0;
-  };
   std::vector<Level> stack;
-  std::vector<Placed> placed;
-  std::map<std::string, std::vector<int>, std::less<>> byName;
+  placed_.clear();
   std::size_t i = at;
   for (; i < lines_.size(); ++i) {
     std::string_view line = lines_[i];
@@ -154,41 +142,14 @@ std::size_t ModuleLinter::DesignerBlock(std::size_t at, ModuleKind kind) {
       if (stack.empty()) break;
       continue;
     }
-    bool begin = content.starts_with("Begin ");
-    if (begin || content.starts_with("BeginProperty ")) {
-      if (indent != 3 * depth)
+    if (content.starts_with("Begin ") || content.starts_with("BeginProperty ")) {
+      if (indent != 3 * depth) {
         Problem(i + 1, "indented " + std::to_string(indent) + ", not " + std::to_string(3 * depth));
+      }
       if (!line.ends_with(" ") || line.ends_with("  ")) {
         Problem(i + 1, "a Begin line ends with exactly one space");
       }
-      Level level;
-      level.property = !begin;
-      if (begin) {
-        std::string_view rest = content.substr(6);
-        std::string cls(rest.substr(0, rest.find(' ')));
-        std::string name(
-            rest.substr(cls.size() + 1, rest.find(' ', cls.size() + 1) - cls.size() - 1));
-        if (stack.empty()) {
-          designerName_ = name;
-          bool mdi = kind == ModuleKind::Form && cls == "VB.MDIForm";
-          bool designer = kind == ModuleKind::Designer && cls.starts_with("{");
-          if (cls != ExpectedClass(kind) && !mdi && !designer)
-            Problem(i + 1, "designer class " + cls + " does not fit the file type");
-        } else {
-          Level& parent = stack.back();
-          parent.sawChild = true;
-          if (cls == "VB.Menu") parent.sawMenu = true;
-          if (cls != "VB.Menu" && parent.sawMenu)
-            Problem(i + 1, "control " + name + " after the menus");
-          bool intrinsic = cls.starts_with("VB.");
-          if (!intrinsic && objectLines_ == 0)
-            Problem(i + 1, "control class " + cls + " needs an Object line");
-          level.control = static_cast<int>(placed.size());
-          byName[name].push_back(level.control);
-          placed.push_back({cls, -1, i + 1});
-        }
-      }
-      stack.push_back(level);
+      stack.push_back(BeginLine(content, i + 1, kind, stack));
       continue;
     }
     if (stack.empty()) {
@@ -199,24 +160,60 @@ std::size_t ModuleLinter::DesignerBlock(std::size_t at, ModuleKind kind) {
     if (PropertyLine(line, depth, i + 1) && content.starts_with("Index ") &&
         stack.back().control >= 0) {
       std::string_view value = content.substr(content.find('=') + 4);
-      if (IsDigits(value)) placed[stack.back().control].index = std::stol(std::string(value));
+      if (IsDigits(value)) placed_[stack.back().control].index = std::stol(std::string(value));
     }
   }
   if (!stack.empty()) Problem(i, "designer block not closed");
+  ControlArrays();
+  return i + 1;
+}
+
+// A Begin or BeginProperty line: the level it opens, with the checks on the class it names.
+ModuleLinter::Level ModuleLinter::BeginLine(std::string_view content, std::size_t number,
+                                            ModuleKind kind, std::vector<Level>& stack) {
+  Level level;
+  level.property = content.starts_with("BeginProperty ");
+  if (level.property) return level;
+  std::string_view rest = content.substr(6);
+  std::string cls(rest.substr(0, rest.find(' ')));
+  std::string name(rest.substr(cls.size() + 1, rest.find(' ', cls.size() + 1) - cls.size() - 1));
+  if (stack.empty()) {
+    designerName_ = name;
+    bool mdi = kind == ModuleKind::Form && cls == "VB.MDIForm";
+    bool designer = kind == ModuleKind::Designer && cls.starts_with("{");
+    if (cls != ExpectedClass(kind) && !mdi && !designer) {
+      Problem(number, "designer class " + cls + " does not fit the file type");
+    }
+    return level;
+  }
+  Level& parent = stack.back();
+  parent.sawChild = true;
+  if (cls == "VB.Menu") parent.sawMenu = true;
+  if (cls != "VB.Menu" && parent.sawMenu) Problem(number, "control " + name + " after the menus");
+  if (!cls.starts_with("VB.") && objectLines_ == 0) {
+    Problem(number, "control class " + cls + " needs an Object line");
+  }
+  level.control = static_cast<int>(placed_.size());
+  placed_.push_back({name, cls, -1, number});
+  return level;
+}
+
+// Blocks sharing a name form a control array: each needs its own Index, and one class.
+void ModuleLinter::ControlArrays() {
+  std::map<std::string, std::vector<const Placed*>, std::less<>> byName;
+  for (const Placed& p : placed_) byName[p.name].push_back(&p);
   for (const auto& [name, blocks] : byName) {
     if (blocks.size() < 2) continue;
     std::set<long> seen;
-    for (int b : blocks) {
-      const Placed& p = placed[b];
-      if (p.index < 0)
-        Problem(p.line, name + " is a control array but this element has no Index");
-      else if (!seen.insert(p.index).second)
-        Problem(p.line, name + "(" + std::to_string(p.index) + ") appears twice");
-      if (p.cls != placed[blocks[0]].cls)
-        Problem(p.line, name + " elements have different classes");
+    for (const Placed* p : blocks) {
+      if (p->index < 0) {
+        Problem(p->line, name + " is a control array but this element has no Index");
+      } else if (!seen.insert(p->index).second) {
+        Problem(p->line, name + "(" + std::to_string(p->index) + ") appears twice");
+      }
+      if (p->cls != blocks[0]->cls) Problem(p->line, name + " elements have different classes");
     }
   }
-  return i + 1;
 }
 
 bool ModuleLinter::PropertyLine(std::string_view line, std::size_t depth, std::size_t number) {
@@ -296,18 +293,7 @@ void ModuleLinter::Body(std::size_t at) {
   for (std::size_t i = at; i < lines_.size(); ++i) {
     std::string_view line = lines_[i];
     if (line.starts_with("Attribute ")) {
-      std::size_t dot = line.find('.');
-      if (line.starts_with("Attribute VB_") || dot == std::string_view::npos) {
-        Problem(i + 1, "module attribute inside the code");
-        continue;
-      }
-      std::string_view member = line.substr(10, dot - 10);
-      if (!logical.empty()) {
-        Problem(i + 1, "attribute of " + std::string(member) + " inside a continued line");
-      } else if (!Declares(previous, member)) {
-        Problem(i + 1,
-                "attribute of " + std::string(member) + " is not right below its declaration");
-      }
+      MemberAttribute(line, i + 1, logical, previous);
       continue;
     }
     ++facts_.codeLines;
@@ -322,34 +308,61 @@ void ModuleLinter::Body(std::size_t at) {
       continue;
     }
     continued = 0;
-    std::string_view text = WithoutScope(logical);
-    bool procedure = text.starts_with("Sub ") || text.starts_with("Function ") ||
-                     text.starts_with("Property Get ") || text.starts_with("Property Let ") ||
-                     text.starts_with("Property Set ");
-    bool block = text.starts_with("Type ") || text.starts_with("Enum ");
-    if (procedure || block) {
-      if (!open.empty())
-        Problem(i + 1, std::string(text.substr(0, text.find('('))) + " inside an open " + open);
-      open = std::string(text.substr(0, text.find(' ')));
-      ++facts_.members;
-    } else if (text.starts_with("End Sub") || text.starts_with("End Function") ||
-               text.starts_with("End Property") || text.starts_with("End Type") ||
-               text.starts_with("End Enum")) {
-      std::string_view kind = text.substr(4, text.find_first_of(" '", 4) - 4);
-      if (open != kind)
-        Problem(i + 1, "End " + std::string(kind) + " without " + std::string(kind));
-      open.clear();
-    } else if (open.empty() && text.size() != logical.size()) {
-      ++facts_.members;  // a scoped module-level declaration: variable, constant, Declare, Event
-    } else if (open.empty() && (text.starts_with("Dim ") || text.starts_with("Const ") ||
-                                text.starts_with("Declare ") || text.starts_with("Event "))) {
-      ++facts_.members;
-    }
+    Statement(logical, i + 1, open);
     previous = logical;
     logical.clear();
   }
   if (!logical.empty()) Problem(lines_.size(), "the last line ends with a continuation");
   if (!open.empty()) Problem(lines_.size(), open + " not closed at the end of the file");
+}
+
+// Member attributes stand right below the declaration of their member, never in a continued line.
+void ModuleLinter::MemberAttribute(std::string_view line, std::size_t number,
+                                   const std::string& logical, const std::string& previous) {
+  std::size_t dot = line.find('.');
+  if (line.starts_with("Attribute VB_") || dot == std::string_view::npos) {
+    Problem(number, "module attribute inside the code");
+    return;
+  }
+  std::string member(line.substr(10, dot - 10));
+  if (!logical.empty()) {
+    Problem(number, "attribute of " + member + " inside a continued line");
+  } else if (!Declares(previous, member)) {
+    Problem(number, "attribute of " + member + " is not right below its declaration");
+  }
+}
+
+// Opens and closes procedures and Type/Enum blocks, and counts module-level members.
+void ModuleLinter::Statement(std::string_view logical, std::size_t number, std::string& open) {
+  std::string_view text = WithoutScope(logical);
+  bool procedure = text.starts_with("Sub ") || text.starts_with("Function ") ||
+                   text.starts_with("Property Get ") || text.starts_with("Property Let ") ||
+                   text.starts_with("Property Set ");
+  bool block = text.starts_with("Type ") || text.starts_with("Enum ");
+  if (procedure || block) {
+    if (!open.empty()) {
+      Problem(number, std::string(text.substr(0, text.find('('))) + " inside an open " + open);
+    }
+    open = std::string(text.substr(0, text.find(' ')));
+    ++facts_.members;
+    return;
+  }
+  bool ends = text.starts_with("End Sub") || text.starts_with("End Function") ||
+              text.starts_with("End Property") || text.starts_with("End Type") ||
+              text.starts_with("End Enum");
+  if (ends) {
+    std::string kind(text.substr(4, text.find_first_of(" '", 4) - 4));
+    if (open != kind) Problem(number, "End " + kind + " without " + kind);
+    open.clear();
+    return;
+  }
+  if (!open.empty()) return;
+  // Module level: a scoped declaration (variable, constant, Declare, Event) or a Dim/Const.
+  bool scoped = text.size() != logical.size();
+  if (scoped || text.starts_with("Dim ") || text.starts_with("Const ") ||
+      text.starts_with("Declare ") || text.starts_with("Event ")) {
+    ++facts_.members;
+  }
 }
 
 }  // namespace vbgen

@@ -27,10 +27,29 @@ class ModuleLinter {
 
  private:
   std::size_t Header(ModuleKind kind);
+  struct Level {
+    bool property = false;  // a BeginProperty block
+    bool sawChild = false;
+    bool sawMenu = false;
+    int control = -1;  // index into placed_
+  };
+  struct Placed {
+    std::string name;
+    std::string cls;
+    long index = -1;  // the Index property; -1 when absent
+    std::size_t line = 0;
+  };
+
   std::size_t DesignerBlock(std::size_t at, ModuleKind kind);
+  Level BeginLine(std::string_view content, std::size_t number, ModuleKind kind,
+                  std::vector<Level>& stack);
+  void ControlArrays();
   bool PropertyLine(std::string_view line, std::size_t depth, std::size_t number);
   std::size_t Attributes(std::size_t at, ModuleKind kind);
   void Body(std::size_t at);
+  void MemberAttribute(std::string_view line, std::size_t number, const std::string& logical,
+                       const std::string& previous);
+  void Statement(std::string_view logical, std::size_t number, std::string& open);
   void Problem(std::size_t line, const std::string& text);
 
   std::string file_;
@@ -40,6 +59,7 @@ class ModuleLinter {
   ModuleFacts facts_;
   std::string designerName_;
   std::size_t objectLines_ = 0;
+  std::vector<Placed> placed_;  // controls of the designer block, in file order
 };
 
 }  // namespace vbgen
