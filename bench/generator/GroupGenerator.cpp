@@ -111,9 +111,12 @@ void GroupGenerator::PlanProjects() {
                    : p % 5 == 4 ? (p % 10 == 9 ? ProjectKind::OleExe : ProjectKind::OleDll)
                                 : ProjectKind::Exe;
     do {
-      project.name = Cat({std::string(words.Noun()), std::string(words.Noun())});
+      std::string first(words.Noun());
+      std::string second(words.Noun());
+      if (second == first) continue;  // "OrderOrder" is nobody's project name
+      project.name = first + second;
       if (projectNames.count(project.name) != 0) project.name += std::to_string(p + 1);
-    } while (!projectNames.insert(project.name).second);
+    } while (project.name.empty() || !projectNames.insert(project.name).second);
     std::size_t share = options_.modules / count + (p < options_.modules % count ? 1 : 0);
     PlanModules(project, share, stream);
     if (project.kind == ProjectKind::Exe) HostControls(project, rng);
