@@ -94,4 +94,19 @@ TEST(Resave, KeepsTheFormatOdditiesOfASingleProject) {
   EXPECT_EQ(qmtest::TempFolder::Read(target.Path() / "src/modOdd.bas"), bas);
 }
 
+TEST(Resave, AMissingCompanionIsAWarningAndEverythingIsStillWritten) {
+  qmtest::TempFolder source, target;
+  std::string vbp = "Type=Exe\r\nForm=frmLogo.frm\r\nName=\"Logo\"\r\n";
+  std::string frm = "VERSION 5.00\r\nBegin VB.Form frmLogo \r\n   Icon            =   \"frmLogo.frx\":0000\r\nEnd\r\n"
+                    "Attribute VB_Name = \"frmLogo\"\r\n";
+  source.Write("Logo.vbp", vbp);
+  source.Write("frmLogo.frm", frm);
+  Result r = Quillmark({"resave", (source.Path() / "Logo.vbp").string(), "--to", target.Path().string()});
+  EXPECT_EQ(r.status, 1);  // a problem was reported
+  EXPECT_NE(r.err.find((source.Path() / "frmLogo.frm").string() + ":3: "), std::string::npos) << r.err;
+  EXPECT_NE(r.err.find("companion"), std::string::npos);
+  EXPECT_EQ(qmtest::TempFolder::Read(target.Path() / "frmLogo.frm"), frm);
+  EXPECT_EQ(qmtest::TempFolder::Read(target.Path() / "Logo.vbp"), vbp);
+}
+
 }  // namespace

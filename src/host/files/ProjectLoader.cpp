@@ -109,7 +109,26 @@ class Loader {
       if (auto companion =
               resolver_.FindInFolder(path.parent_path(), stem + std::u16string(extension)))
         loaded.companions.push_back(std::move(*companion));
+    if (loaded.companions.empty()) WarnOfMissingCompanion(loaded);
     return loaded;
+  }
+
+  // A header that points into a companion file ("Form1.frx":0000) whose file is not there loads
+  // all the same: the properties stay as written and the bytes they point at are simply absent.
+  void WarnOfMissingCompanion(const LoadedModule& loaded) {
+    for (std::size_t i = 0; i < loaded.module.header.size(); ++i) {
+      const std::string& line = loaded.module.header[i].bytes;
+      for (std::u16string_view extension : CompanionExtensions(loaded.module.kind)) {
+        std::string ext = vb::ToUtf8(extension) + "\":";
+        auto lower = line;
+        for (auto& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (lower.find(ext) == std::string::npos) continue;
+        problems_.push_back({loaded.path.string(), static_cast<int>(i) + 1,
+                             "its companion file (" + vb::ToUtf8(extension) + ") is missing; the properties stored there are kept as written",
+                             true});
+        return;
+      }
+    }
   }
 
   const vb::CodePage& codePage_;
