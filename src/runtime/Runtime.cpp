@@ -6,6 +6,7 @@
 
 #include "runtime/CaseFold.h"
 #include "runtime/Error.h"
+#include "runtime/PlatformDialogs.h"
 #include "runtime/ScriptError.h"
 #include "runtime/Utf.h"
 #include "runtime/VbConstants.h"
@@ -63,6 +64,9 @@ Shell& Runtime::GetShell() const {
 }
 FileSystem& Runtime::Files() const {
   return Required(files_, u"the file system");
+}
+PlatformDialogs& Runtime::Dialogs() const {
+  return Required(dialogs_, u"the platform dialogs");
 }
 
 FormBase* Runtime::FindLoaded(std::u16string_view name) const {

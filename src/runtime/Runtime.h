@@ -24,6 +24,7 @@ class Resources;
 class AppInfo;
 class Shell;
 class FileSystem;
+class PlatformDialogs;
 
 // The screen as VB's Screen object reports it. Twips: 15 per pixel at 96 dpi.
 struct Screen {
@@ -77,11 +78,13 @@ class Runtime {
   AppInfo& App() const;
   Shell& GetShell() const;
   FileSystem& Files() const;
+  PlatformDialogs& Dialogs() const;  // the system's common dialogs and help viewer
   void SetSettings(std::shared_ptr<SettingsStore> s) { settings_ = std::move(s); }
   void SetResources(std::shared_ptr<Resources> r) { resources_ = std::move(r); }
   void SetApp(std::shared_ptr<AppInfo> a) { app_ = std::move(a); }
   void SetShell(std::shared_ptr<Shell> s) { shell_ = std::move(s); }
   void SetFiles(std::shared_ptr<FileSystem> f) { files_ = std::move(f); }
+  void SetDialogs(std::shared_ptr<PlatformDialogs> d) { dialogs_ = std::move(d); }
 
   // Forms and documents alive on this runtime, in creation order (VB's Forms collection, plus
   // the documents); FindLoaded answers by name, ignoring case, among the loaded ones.
@@ -117,6 +120,7 @@ class Runtime {
   std::shared_ptr<AppInfo> app_;
   std::shared_ptr<Shell> shell_;
   std::shared_ptr<FileSystem> files_;
+  std::shared_ptr<PlatformDialogs> dialogs_;
   std::vector<FormBase*> objects_;
   std::vector<FormBase*> shownOrder_;  // forms that were active, most recent last
   FormBase* activeForm_ = nullptr;

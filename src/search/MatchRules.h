@@ -1,0 +1,36 @@
+// The rule that decides whether a line of code matches the search text, as a pure function.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace quillmark {
+
+struct MatchOptions {
+  bool matchCase = false;
+  bool wholeWord = false;
+  bool excludeComments = false;
+};
+
+// Only ASCII letters and digits join a word: the underscore, other punctuation and every
+// character above 127 are delimiters. Intended.
+constexpr bool IsWordCharacter(char16_t c) {
+  return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+// A line is a comment only when its first character after leading spaces is an apostrophe:
+// "Rem", trailing comments and lines indented with tabs are searched as code. Intended.
+constexpr bool IsCommentLine(std::u16string_view line) {
+  auto first = line.find_first_not_of(u' ');
+  return first != std::u16string_view::npos && line[first] == u'\'';
+}
+
+// The 1-based position of the first case-insensitive occurrence of `searchText` in `line` at or
+// after `start`, or 0 when there is none or when that occurrence fails the options. Only the
+// first occurrence is judged: a later one that would pass is never looked at. Intended.
+// `foldedSearch` is FoldCase(searchText), folded once per search by the caller. A start below 1
+// raises error 5, as InStr does.
+std::int32_t MatchLine(std::u16string_view line, std::int32_t start, std::u16string_view searchText,
+                       std::u16string_view foldedSearch, const MatchOptions& options);
+
+}  // namespace quillmark

@@ -1,0 +1,138 @@
+// quillmark::frmSearch: the search engine: the match rule on the dialog's options and the scope
+// workers that walk projects, modules, procedures and the selection.
+#include "addin/Connect.h"
+#include "addin/ResumeNext.h"
+#include "runtime/CaseFold.h"
+#include "runtime/VbStrings.h"
+#include "search/ResultColumns.h"
+#include "search/docResults.h"
+#include "search/frmSearch.h"
+#include "vbide/CodeModule.h"
+#include "vbide/CodePane.h"
+#include "vbide/VBComponent.h"
+#include "vbide/VBE.h"
+#include "vbide/VBProject.h"
+
+namespace quillmark {
+
+MatchOptions frmSearch::CheckedOptions() const {
+  return {chkMatchCase.Value() == 1, chkWholeWord.Value() == 1, chkExcludeComments.Value() == 1};
+}
+
+std::int32_t frmSearch::MatchText(std::u16string_view line, std::int32_t start) {
+  EnsureLoaded();
+  if (foldedFor_ != main_.SearchText) {
+    foldedFor_ = main_.SearchText;
+    folded_ = vb::FoldCase(foldedFor_);
+  }
+  return MatchLine(line, start, main_.SearchText, folded_, CheckedOptions());
+}
+
+void frmSearch::ToolbarSearch() {
+  StartSearch();
+}
+
+void frmSearch::StartSearch() {
+  main_.Searching = true;
+  if (!main_.connect) throw vb::Error::Standard(vb::err::kObjectNotSet);
+  main_.connect->ShowResults();
+  // Held here: the window may be released while the search yields.
+  std::shared_ptr<docResults> results = main_.gdocResults;
+  Obj(results).InitSearch();
+  EnsureLoaded();
+  auto vbe = main_.gVBInstance;
+  if (chkSelected.Value() == 1 && chkSelected.Enabled()) {
+    SearchSelection(*results);
+  } else if (cboProject.Text() == kAllProjects) {
+    // The maximum ends as 1 + every component, so the bar never shows 100% before "Complete.".
+    for (auto& project : vbe->VBProjects()->Items())
+      results->SetProgressMax(results->ProgressMax() + project->VBComponents()->Count());
+    SearchAllProjects(*results);
+  } else {
+    auto project = vbe->VBProjects()->Item(cboProject.Text());
+    if (cboModule.Text() == kAllModules) {
+      results->SetProgressMax(project->VBComponents()->Count());
+      SearchProject(*results, project);
+    } else {
+      auto component = project->VBComponents()->Item(cboModule.Text());
+      if (cboProcedure.Text() != kAllProcedures) {
+        SearchProcedure(*results, project, component, cboProcedure.Text());
+      } else {
+        SearchModule(*results, project, component);
+      }
+    }
+  }
+  results->EndSearch();
+  main_.Searching = false;
+}
+
+void frmSearch::SearchAllProjects(docResults& results) {
+  // No stop test here: a stop ends only the project being searched, and the next one starts.
+  for (auto& project : main_.gVBInstance->VBProjects()->Items()) {
+    SearchProject(results, project);
+    main_.Rt().DoEvents();
+  }
+}
+
+void frmSearch::SearchProject(docResults& results, const vbide::VBProjectPtr& project) {
+  for (auto& component : project->VBComponents()->Items()) {
+    SearchModule(results, project, component);
+    main_.Rt().DoEvents();
+    if (main_.StopSearch) {
+      main_.StopSearch = false;
+      break;
+    }
+  }
+}
+
+void frmSearch::SearchModule(docResults& results, const vbide::VBProjectPtr& project,
+                             const vbide::VBComponentPtr& component) {
+  vbide::CodeModulePtr code;
+  ResumeNext([&] { code = component->CodeModule(); });
+  if (code) {
+    int count = code->CountOfLines();
+    for (int line = 1; line <= count; ++line) {
+      std::u16string_view text = code->LineView(line);
+      if (MatchText(text, 1) != 0) results.AddResult(project, component, line, text);
+    }
+  }
+  results.IncrementProgressBar(1);
+}
+
+void frmSearch::SearchProcedure(docResults& results, const vbide::VBProjectPtr& project,
+                                const vbide::VBComponentPtr& component,
+                                std::u16string_view procName) {
+  auto code = component->CodeModule();
+  if (code) {
+    int count = code->CountOfLines();
+    // Every line is visited, so all bodies bearing the name (Get, Let and Set) are searched.
+    for (int line = 1; line <= count; ++line) {
+      vbide::vbext_ProcKind kind = vbide::vbext_pk_Proc;
+      std::u16string name = code->ProcOfLine(line, kind);
+      if (name.empty()) name = kDeclarations;
+      if (name != procName) continue;
+      std::u16string_view text = code->LineView(line);
+      if (MatchText(text, 1) != 0) results.AddResult(project, component, line, text);
+    }
+  }
+  results.IncrementProgressBar(1);
+}
+
+void frmSearch::SearchSelection(docResults& results) {
+  auto vbe = main_.gVBInstance;
+  auto code = vbe->ActiveCodePane()->CodeModule();
+  int startLine = 0, startColumn = 0, endLine = 0, endColumn = 0;
+  code->CodePane()->GetSelection(startLine, startColumn, endLine, endColumn);
+  for (int line = startLine; line <= endLine; ++line) {
+    std::u16string whole = code->Lines(line, 1);
+    // The first line is tested from the start column to its end, even when the selection ends
+    // on it; the recorded text is always the whole line, and the project the active one.
+    std::u16string tested = line == startLine ? vb::Mid(whole, startColumn)
+                            : line == endLine ? vb::Left(whole, endColumn)
+                                              : whole;
+    if (MatchText(tested, 1) != 0)
+      results.AddResult(vbe->ActiveVBProject(), code->Parent(), line, whole);
+  }
+}
+
+}  // namespace quillmark
