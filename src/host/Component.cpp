@@ -294,7 +294,17 @@ void Component::SaveAs(std::u16string_view fileName) {
   auto project = project_.lock();
   std::filesystem::path target = std::filesystem::absolute(vb::PathFromVb(fileName));
   if (file_) {
-    files::WriteFileAtomically(target, files::WriteModule(*file_, project->Codec()));
+    std::size_t unmappable = 0;
+    std::string bytes = files::WriteModule(*file_, project->Codec(), &unmappable);
+    // Writing '?' for what the code page cannot hold would change the user's code behind their
+    // back: the save is refused instead, and the old file stays as it was.
+    if (unmappable > 0) {
+      throw vb::Error(vb::err::kPathFileAccess,
+                      vb::FromUtf8(target.string()) + u": " + vb::FromUtf8(std::to_string(unmappable)) +
+                          u" character(s) cannot be written in code page " +
+                          vb::FromUtf8(std::to_string(project->CodePage())));
+    }
+    files::WriteFileAtomically(target, bytes);
   } else if (!path_.empty() && !(std::filesystem::exists(target) && std::filesystem::equivalent(target, path_))) {
     // Resource files and related documents are never rewritten, only copied elsewhere.
     files::WriteFileAtomically(target, files::ReadFileBytes(path_));

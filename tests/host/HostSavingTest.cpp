@@ -98,6 +98,20 @@ TEST(Saving, AFailedSaveRaisesWithThePathAndLeavesTheOldFile) {
   EXPECT_EQ(w.Read("modCalc.bas"), kBas);
 }
 
+TEST(Saving, TextTheCodePageCannotHoldIsRefusedNotTurnedIntoQuestionMarks) {
+  Loaded w;
+  auto component = w.project->VBComponents()->Item(u"modCalc");
+  component->CodeModule()->ReplaceLine(2, u"' \u4F60\u597D");  // Chinese in a cp1252 project
+  try {
+    component->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
+    FAIL() << "the save should be refused";
+  } catch (const vb::Error& e) {
+    EXPECT_NE(e.Description().find(u"2 character(s) cannot be written in code page 1252"), std::u16string::npos);
+  }
+  EXPECT_EQ(w.Read("modCalc.bas"), kBas);
+  EXPECT_TRUE(component->IsDirty());
+}
+
 TEST(Designers, ListControlsInOrderAndRaiseEventsForRenameAndRemove) {
   Loaded w;
   auto form = w.project->VBComponents()->Item(u"frmOrder");
