@@ -1,0 +1,134 @@
+// studio::DesignerView.
+#include "studio/DesignerView.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "runtime/Error.h"
+#include "studio/QtText.h"
+
+namespace studio {
+namespace {
+
+// A property's number, or `fallback` when the control has no such property.
+double Number(host::Control& control, std::u16string_view name, double fallback) {
+  try {
+    return QString::fromStdU16String(control.Properties(name)).toDouble();
+  } catch (const vb::Error&) {
+    return fallback;  // controls without this property (a Timer has no Width) are not an error
+  }
+}
+
+std::u16string Text(host::Control& control, std::u16string_view name) {
+  try {
+    return control.Properties(name);
+  } catch (const vb::Error&) {
+    return {};  // no caption written: VB shows none
+  }
+}
+
+double RootNumber(host::Component& component, std::u16string_view name, double fallback) {
+  if (!component.HasFile() || !component.File().designer) return fallback;
+  for (auto& [key, value] : component.File().designer->properties)
+    if (QString::fromStdU16String(key).compare(ToQt(name), Qt::CaseInsensitive) == 0)
+      return QString::fromStdU16String(value).section(u' ', 0, 0).toDouble();
+  return fallback;
+}
+
+}  // namespace
+
+DesignerView::DesignerView(std::shared_ptr<host::Component> component, QWidget* parent)
+    : QWidget(parent), component_(std::move(component)) {
+  setAutoFillBackground(true);
+  QPalette p = palette();
+  p.setColor(QPalette::Window, QColor(128, 128, 128));
+  setPalette(p);
+}
+
+int DesignerView::Pixels(double twips, bool vertical) const {
+  int dpi = vertical ? logicalDpiY() : logicalDpiX();
+  return qRound(twips * dpi / 1440.0);
+}
+
+QRect DesignerView::PlaceOf(host::Control& control) const {
+  if (control.ClassName() == u"VB.Menu") return {};
+  double width = Number(control, u"Width", -1), height = Number(control, u"Height", -1);
+  if (width < 0 || height < 0) return {};
+  double left = Number(control, u"Left", 0), top = Number(control, u"Top", 0);
+  // Inside a frame or picture box the place is relative to the container.
+  for (auto container = std::dynamic_pointer_cast<host::Control>(control.Container()); container;
+       container = std::dynamic_pointer_cast<host::Control>(container->Container())) {
+    left += Number(*container, u"Left", 0);
+    top += Number(*container, u"Top", 0);
+  }
+  return QRect(8 + Pixels(left, false), 8 + kCaptionBar + Pixels(top, true), Pixels(width, false),
+               Pixels(height, true));
+}
+
+QString DesignerView::CaptionOf(host::Control& control) const {
+  std::u16string caption = Text(control, u"Caption");
+  if (caption.empty()) caption = Text(control, u"Text");
+  if (caption.empty()) caption = control.Properties(u"Name");
+  return ToQt(caption);
+}
+
+std::shared_ptr<host::Control> DesignerView::ControlAt(QPoint point) const {
+  auto designer = component_->Form();
+  if (!designer) return nullptr;
+  const auto& list = designer->List();
+  for (auto it = list.rbegin(); it != list.rend(); ++it)  // last drawn is on top
+    if (PlaceOf(**it).contains(point)) return *it;
+  return nullptr;
+}
+
+QSize DesignerView::sizeHint() const {
+  return {16 + Pixels(RootNumber(*component_, u"ClientWidth", 4800), false),
+          16 + kCaptionBar + Pixels(RootNumber(*component_, u"ClientHeight", 3600), true)};
+}
+
+void DesignerView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  QSize form = sizeHint() - QSize(16, 16);
+  QRect frame(8, 8, form.width(), form.height());
+  painter.fillRect(frame, QColor(212, 208, 200));
+  painter.fillRect(QRect(frame.topLeft(), QSize(frame.width(), kCaptionBar)), QColor(10, 36, 106));
+  painter.setPen(Qt::white);
+  painter.drawText(frame.topLeft() + QPoint(6, 15), ToQt(component_->Name()));
+  auto designer = component_->Form();
+  if (!designer) return;
+  for (auto& control : designer->List()) {
+    QRect place = PlaceOf(*control);
+    if (place.isEmpty()) continue;
+    painter.setPen(QColor(64, 64, 64));
+    painter.setBrush(control->ClassName() == u"VB.TextBox" ? QColor(Qt::white)
+                                                           : QColor(212, 208, 200));
+    painter.drawRect(place.adjusted(0, 0, -1, -1));
+    painter.setPen(Qt::black);
+    painter.drawText(
+        place.adjusted(3, 1, -2, -1), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        painter.fontMetrics().elidedText(CaptionOf(*control), Qt::ElideRight, place.width() - 5));
+    if (!control->InSelection()) continue;
+    painter.setBrush(Qt::black);
+    for (QPoint corner :
+         {place.topLeft(), place.topRight(), place.bottomLeft(), place.bottomRight(),
+          QPoint(place.center().x(), place.top()), QPoint(place.center().x(), place.bottom())})
+      painter.drawRect(QRect(corner - QPoint(2, 2), QSize(5, 5)));
+  }
+}
+
+void DesignerView::mousePressEvent(QMouseEvent* event) {
+  auto designer = component_->Form();
+  if (!designer) return;
+  auto hit = ControlAt(event->position().toPoint());
+  bool extend = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+  for (auto& control : designer->List()) {
+    if (control == hit)
+      control->SetInSelection(extend ? !control->InSelection() : true);
+    else if (!extend)
+      control->SetInSelection(false);
+  }
+  update();
+  Q_EMIT selectionChanged();
+}
+
+}  // namespace studio

@@ -1,0 +1,41 @@
+// studio::DesignerView: a designer window: the form's controls drawn at their places, in z-order,
+// with the designer's selection shown and set by clicking.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "host/Component.h"
+#include "host/Designer.h"
+
+namespace studio {
+
+class DesignerView final : public QWidget {
+  Q_OBJECT
+ public:
+  explicit DesignerView(std::shared_ptr<host::Component> component, QWidget* parent = nullptr);
+
+  const std::shared_ptr<host::Component>& Component() const { return component_; }
+  // The control's rectangle in this widget's pixels; empty for controls without a place (menus,
+  // timers). Twips scale by the screen's logical dpi: 1440 twips per inch.
+  QRect PlaceOf(host::Control& control) const;
+  // The topmost control under `point`, or null for the form itself.
+  std::shared_ptr<host::Control> ControlAt(QPoint point) const;
+  QSize sizeHint() const override;
+
+ Q_SIGNALS:
+  void selectionChanged();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  int Pixels(double twips, bool vertical) const;
+  QString CaptionOf(host::Control& control) const;
+  static constexpr int kCaptionBar = 22;  // the drawn form's title bar, in pixels
+
+  std::shared_ptr<host::Component> component_;
+};
+
+}  // namespace studio

@@ -1,0 +1,96 @@
+// studio::MainWindow: the IDE's main window: menus and toolbars from the command bars, the
+// Project, Properties and Immediate windows docked, code and designer windows inside, and the
+// add-ins' tool windows as docks that remember their places.
+#pragma once
+
+#include <QMainWindow>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "cli/Composition.h"
+#include "vbide/Event.h"
+
+class QMdiArea;
+class QMdiSubWindow;
+class QDockWidget;
+class QTableWidget;
+class QSettings;
+
+namespace host {
+class Window;
+}
+
+namespace studio {
+
+class CommandBarView;
+class ProjectExplorer;
+class ImmediateView;
+class CodeEditor;
+class DesignerView;
+
+class MainWindow final : public QMainWindow {
+  Q_OBJECT
+ public:
+  // `desk` outlives the window. `placesFile` keeps the docks' places between runs.
+  MainWindow(cli::Desk& desk, const std::filesystem::path& placesFile, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  // Draws the IDE's state now (otherwise drawn once per turn of the event loop after a change).
+  void Sync();
+  CommandBarView& Bars() { return *bars_; }
+  ProjectExplorer& Explorer() { return *explorer_; }
+  ImmediateView& Immediate() { return *immediate_; }
+  QMdiArea& Area() { return *area_; }
+  QTableWidget& Properties() { return *properties_; }
+  std::vector<CodeEditor*> CodeEditors() const;
+  std::vector<DesignerView*> Designers() const;
+  QDockWidget* ToolDock(const QString& persistentId) const;
+  // The studio's commands, also behind the built-in menu items.
+  void OpenProject(const std::filesystem::path& file);
+  bool SaveProjects();  // false when the user cancelled a Save As
+  // Asks about unsaved projects (Yes saves, No discards, Cancel keeps them open). False: cancelled.
+  bool ConfirmClose(const std::vector<vbide::VBProjectPtr>& projects);
+  void CloseActiveProject();
+  void SetLineNumbersVisible(bool visible);
+  std::function<void()> onAddInManager;
+  std::function<void()> onBeforeWindowsGo;  // the add-ins disconnect here, at exit
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  class HostSubWindow;
+  void BuildDocks();
+  void BindCommands();
+  void ScheduleSync();
+  void SyncCodeWindows();
+  void SyncDesignerWindows();
+  void SyncToolWindows();
+  void SyncDock(QDockWidget& dock, host::Window& window);
+  void SyncProperties();
+  void SyncTitle();
+  QMdiSubWindow* AddSubWindow(const std::shared_ptr<host::Window>& window, QWidget* content);
+  void DropSubWindows(const std::function<bool(host::Window&)>& keep);
+  void Guard(const std::function<void()>& action);
+  bool SaveProjectAs(const vbide::VBProjectPtr& project);
+  void OnSysKey(std::intptr_t virtualKey);
+
+  cli::Desk& desk_;
+  std::unique_ptr<QSettings> places_;
+  CommandBarView* bars_ = nullptr;
+  QMdiArea* area_ = nullptr;
+  ProjectExplorer* explorer_ = nullptr;
+  ImmediateView* immediate_ = nullptr;
+  QTableWidget* properties_ = nullptr;
+  QDockWidget *projectDock_ = nullptr, *propertiesDock_ = nullptr, *immediateDock_ = nullptr;
+  std::map<host::Window*, QMdiSubWindow*> subWindows_;
+  std::map<host::Window*, QDockWidget*> toolDocks_;
+  vbide::Subscription changed_;
+  bool syncPending_ = false;
+  bool lineNumbers_ = false;
+  bool closing_ = false;
+};
+
+}  // namespace studio

@@ -1,0 +1,52 @@
+// studio::Studio: the studio as a program: the runtime, the IDE and the add-ins put together with
+// the Qt toolkit, the main window, the add-in list, start-up and exit.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "cli/Composition.h"
+#include "studio/AddInList.h"
+
+namespace studio {
+
+class MainWindow;
+
+class Studio {
+ public:
+  // Settings, vbaddin.ini and the docks' places live in `configFolder`.
+  explicit Studio(const std::filesystem::path& configFolder);
+  ~Studio();
+  Studio(const Studio&) = delete;
+  Studio& operator=(const Studio&) = delete;
+
+  // Opens `project` (when not empty), connects the add-ins listed to load at start-up, shows the
+  // main window and tells them start-up is complete.
+  void Start(const std::filesystem::path& project);
+  // At exit: the add-ins disconnect (host shutdown) while the windows still stand. Idempotent.
+  void Shutdown();
+
+  // The Add-In Manager's answer for one add-in: connects (after start-up) or disconnects (the
+  // user closed it), and records whether it loads at start-up.
+  void ApplyAddInChoice(const std::string& progId, bool loaded, bool loadOnStartup);
+  bool IsLoaded(const std::string& progId) const;
+  void ShowAddInManager();
+
+  // Lets posted work and the toolkit's pending events finish, then writes the main window.
+  bool WriteScreenshot(const QString& file);
+  void Settle();
+
+  cli::Desk& Desk() { return *desk_; }
+  MainWindow& Window() { return *window_; }
+  AddInList& AddIns() { return addIns_; }
+
+ private:
+  std::unique_ptr<cli::Desk> desk_;
+  AddInList addIns_;
+  std::unique_ptr<MainWindow> window_;
+  bool shutDown_ = false;
+};
+
+}  // namespace studio
