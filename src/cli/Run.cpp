@@ -14,7 +14,21 @@ constexpr const char* kUsage =
     "  info FILE                 list the projects and components of a .vbg or .vbp\n"
     "  resave FILE --to DIR      load FILE and save every file into DIR through the IDE\n"
     "  tour [FILE]               connect the add-in to FILE (default: the sample) as the IDE\n"
-    "                            does at start-up, show its menu and toolbar, disconnect\n"
+    "                            does at start-up, show its menu and toolbar, search, disconnect\n"
+    "  search FILE TEXT          search the code of FILE; prints one row per matching line\n"
+    "                            (exit 0 with matches, 1 without)\n"
+    "  replace FILE TEXT --with TEXT\n"
+    "                            search, replace in the rows found and save the changed files\n"
+    "\n"
+    "search and replace options:\n"
+    "  --match-case, --whole-word, --exclude-comments   the search dialog's options\n"
+    "  --project NAME            search one project (default: (All Projects))\n"
+    "  --module NAME             search one module of --project\n"
+    "  --procedure NAME          search one procedure of --module, or (Declarations)\n"
+    "  --selection PROJECT/MODULE:L1:C1-L2:C2   search the selected code only\n"
+    "  --json                    search: one JSON object per row\n"
+    "  --selected-rows N,M,...   replace: only these rows (default: all)\n"
+    "  --dry-run                 replace: show the changed lines, save nothing\n"
     "\n"
     "options:\n"
     "  --codepage N              code page of the files (default 1252)\n"
@@ -33,6 +47,8 @@ int Run(const std::vector<std::string>& argv, Streams io) {
     if (argv[0] == "info") return InfoCommand(rest, io);
     if (argv[0] == "resave") return ResaveCommand(rest, io);
     if (argv[0] == "tour") return TourCommand(rest, io);
+    if (argv[0] == "search") return SearchCommand(rest, io);
+    if (argv[0] == "replace") return ReplaceCommand(rest, io);
     throw UsageError("unknown command '" + argv[0] + "'");
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;
