@@ -41,10 +41,20 @@ ImmediateView::~ImmediateView() {
 
 void ImmediateView::Refresh() {
   const std::u16string& text = window_->Text();
-  if (toPlainText() != ToQt(text)) setPlainText(ToQt(text));
+  // The window's lines end in CR LF, the document's in one separator: offsets shrink by one
+  // for every CR LF before them.
+  auto position = [&](std::size_t offset) {
+    int crlf = 0;
+    for (std::size_t i = 0; i + 1 < offset && i + 1 < text.size(); ++i)
+      crlf += text[i] == u'\r' && text[i + 1] == u'\n';
+    return static_cast<int>(offset) - crlf;
+  };
+  QString shown = ToQt(text);
+  shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  if (toPlainText() != shown) setPlainText(shown);
   QTextCursor cursor(document());
-  cursor.setPosition(static_cast<int>(window_->Anchor()));
-  cursor.setPosition(static_cast<int>(window_->Caret()), QTextCursor::KeepAnchor);
+  cursor.setPosition(position(window_->Anchor()));
+  cursor.setPosition(position(window_->Caret()), QTextCursor::KeepAnchor);
   setTextCursor(cursor);
 }
 

@@ -80,6 +80,9 @@ MainWindow::MainWindow(cli::Desk& desk, const std::filesystem::path& placesFile,
 }
 
 MainWindow::~MainWindow() {
+  // The docks report their hiding while QWidget's destructor tears them down, after ours ran.
+  for (auto* dock : findChildren<QDockWidget*>()) dock->disconnect(this);
+  for (auto& [window, sub] : subWindows_) sub->disconnect(this);
   desk_.runtime->Windows().SetMessageHandler(static_cast<vb::Hwnd>(desk_.ide->Main()->HWnd()),
                                              nullptr);
 }
@@ -225,7 +228,7 @@ void MainWindow::SyncCodeWindows() {
     if (window && window->Alive() && window->Visible()) open[window.get()] = pane;
   }
   DropSubWindows([&](host::Window& w) {
-    return w.Type() != vbide::vbext_wt_CodeWindow ? true : open.contains(&w);
+    return !w.Alive() ? false : w.Type() != vbide::vbext_wt_CodeWindow ? true : open.contains(&w);
   });
   for (auto& [window, pane] : open)
     if (!subWindows_.contains(window)) {

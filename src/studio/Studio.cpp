@@ -9,13 +9,13 @@
 #include "runtime/Utf.h"
 #include "studio/AddInManager.h"
 #include "studio/MainWindow.h"
-#include "studio/ToolkitAttachment.h"
 
 namespace studio {
 
-Studio::Studio(const std::filesystem::path& configFolder)
-    : desk_(cli::MakeDesk(configFolder, 1252)), addIns_(configFolder / "vbaddin.ini") {
-  AttachToolkit(*desk_->runtime);
+Studio::Studio(const std::filesystem::path& configFolder, QtToolkitOptions toolkit)
+    : desk_(cli::MakeDesk(configFolder, 1252)),
+      toolkit_(AttachQtToolkit(*desk_->runtime, toolkit)),
+      addIns_(configFolder / "vbaddin.ini") {
   // First run: the add-in is listed to load at start-up, as its setup would have done.
   addIns_.WriteDefaultIfMissing(vb::ToUtf8(quillmark::kProgId));
   addIns_.Load();
@@ -29,6 +29,7 @@ Studio::Studio(const std::filesystem::path& configFolder)
 Studio::~Studio() {
   Shutdown();
   window_.reset();
+  toolkit_.reset();
 }
 
 void Studio::Start(const std::filesystem::path& project) {

@@ -9,6 +9,7 @@
 
 #include "cli/Composition.h"
 #include "studio/AddInList.h"
+#include "studio/peers/QtToolkit.h"
 
 namespace studio {
 
@@ -17,7 +18,8 @@ class MainWindow;
 class Studio {
  public:
   // Settings, vbaddin.ini and the docks' places live in `configFolder`.
-  explicit Studio(const std::filesystem::path& configFolder);
+  // A test keeps the virtual clock and answers message boxes by script through `toolkit`.
+  explicit Studio(const std::filesystem::path& configFolder, QtToolkitOptions toolkit = {});
   ~Studio();
   Studio(const Studio&) = delete;
   Studio& operator=(const Studio&) = delete;
@@ -44,6 +46,7 @@ class Studio {
 
  private:
   std::unique_ptr<cli::Desk> desk_;
+  std::unique_ptr<QtToolkit> toolkit_;  // after the desk it draws, gone before it
   AddInList addIns_;
   std::unique_ptr<MainWindow> window_;
   bool shutDown_ = false;
