@@ -11,6 +11,7 @@ namespace vb {
 
 void EventLoop::Post(Work work) {
   posted_.push_back(std::move(work));
+  if (onScheduleChanged) onScheduleChanged();
 }
 
 void EventLoop::Script(Work action) {
@@ -22,6 +23,7 @@ EventLoop::TimerId EventLoop::StartTimer(int intervalMs, Work tick) {
   auto id = nextTimer_++;
   timers_.emplace(id, TimerEntry{intervalMs, clock_.Now() + std::chrono::milliseconds(intervalMs),
                                  std::move(tick)});
+  if (onScheduleChanged) onScheduleChanged();
   return id;
 }
 
@@ -59,12 +61,24 @@ bool EventLoop::FireNextDue(Date limit) {
 }
 
 void EventLoop::DoEvents() {
+  RunPending();
+  if (pumpToolkit) pumpToolkit();
+}
+
+void EventLoop::RunPending() {
   RunPosted();
   auto now = clock_.Now();
-  // Each timer at most once per DoEvents: a fired timer's next tick lies after `now`.
+  // Each timer at most once per call: a fired timer's next tick lies after `now`.
   while (FireNextDue(now)) {
   }
-  if (pumpToolkit) pumpToolkit();
+}
+
+std::optional<Date> EventLoop::NextDue() const {
+  std::optional<Date> next;
+  for (const auto& [id, entry] : timers_) {
+    if (!entry.running && (!next || entry.due < *next)) next = entry.due;
+  }
+  return next;
 }
 
 void EventLoop::Advance(std::chrono::milliseconds span) {

@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string_view>
 
 #include "runtime/Clock.h"
@@ -41,6 +42,10 @@ class EventLoop {
   // Runs the work posted before the call and the timers due now, then lets the toolkit (if
   // one is attached) process its own events.
   void DoEvents();
+  // DoEvents without the toolkit's part: what a toolkit's own loop calls when work is due.
+  void RunPending();
+  // When the next timer falls due; none when no timer runs.
+  std::optional<Date> NextDue() const;
 
   // Moves the virtual clock forward by `span`, firing every timer that falls due on the way, in
   // time order (ties in the order the timers were started), with Now set to each tick's time.
@@ -52,6 +57,8 @@ class EventLoop {
 
   // The studio processes its own pending events here (QCoreApplication::processEvents).
   std::function<void()> pumpToolkit;
+  // Called when work is posted or a timer starts, so a toolkit's loop can wake up for it.
+  std::function<void()> onScheduleChanged;
 
  private:
   struct TimerEntry {

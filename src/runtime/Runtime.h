@@ -91,6 +91,9 @@ class Runtime {
   const std::vector<FormBase*>& Objects() const { return objects_; }
   FormBase* FindLoaded(std::u16string_view name) const;
   FormBase* ActiveForm() const { return activeForm_; }
+  // Called once per form or document, when it is complete and before its Initialize handler
+  // runs: a toolkit gives it its peers here.
+  std::function<void(FormBase&)> onObjectReady;
 
   // The guard between a toolkit (or a script) and the add-in's handlers: a run-time error, or
   // any other exception, that escapes `action` is reported as the IDE reports an add-in's

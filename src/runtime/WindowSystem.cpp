@@ -19,7 +19,7 @@ Hwnd WindowSystem::Create(std::u16string title, Hwnd parent) {
 }
 
 void WindowSystem::Destroy(Hwnd hwnd) {
-  windows_.erase(hwnd);
+  if (windows_.erase(hwnd) > 0 && onDestroyed) onDestroyed(hwnd);
   if (focus_ == hwnd) focus_ = 0;
 }
 
@@ -80,6 +80,7 @@ Hwnd WindowSystem::SetFocus(Hwnd hwnd) {
     auto handler = it->second.onFocus;
     handler(true);
   }
+  if (onFocusChanged && focus_ == hwnd) onFocusChanged(hwnd);
   return previous;
 }
 
@@ -112,8 +113,10 @@ bool WindowSystem::SetWindowPos(Hwnd hwnd, Hwnd insertAfter, int x, int y, int c
                                 int flags) {
   auto it = windows_.find(hwnd);
   if (it == windows_.end()) return false;
+  bool wasTopMost = it->second.topMost;
   if (insertAfter == kHwndTopMost) it->second.topMost = true;
   if (insertAfter == kHwndNoTopMost) it->second.topMost = false;
+  if (wasTopMost != it->second.topMost && onTopMostChanged) onTopMostChanged(hwnd);
   if ((flags & (kSwpNoMove | kSwpNoSize)) != (kSwpNoMove | kSwpNoSize) && it->second.onPlace) {
     auto handler = it->second.onPlace;
     handler(x, y, cx, cy, flags);

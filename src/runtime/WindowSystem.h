@@ -77,6 +77,13 @@ class WindowSystem {
   // or kSwpNoSize the window's place handler moves it. False when `hwnd` is not a window.
   bool SetWindowPos(Hwnd hwnd, Hwnd insertAfter, int x, int y, int cx, int cy, int flags);
 
+  // A toolkit mirrors these to its real windows: the top-most state of a window changed, the
+  // focus moved to a window (after the focus handlers ran), a window is being destroyed (a
+  // form's or document's once its controls are gone).
+  std::function<void(Hwnd)> onTopMostChanged;
+  std::function<void(Hwnd)> onFocusChanged;
+  std::function<void(Hwnd)> onDestroyed;
+
  private:
   struct Window {
     std::u16string title;

@@ -6,6 +6,7 @@
 
 namespace vb {
 
+class Control;
 class Menu;
 
 // A peer is told of every change of its object's state and reports the user's actions back by
@@ -33,6 +34,11 @@ class FormPeer : public ControlPeer {
   // Shows the popup menu and returns after the user's choice (whose Click the peer raises
   // through Menu::UserClick). False: not shown, the engine records the popup instead.
   virtual bool PopupMenu(Menu& /*menu*/, float /*x*/, float /*y*/) { return false; }
+  // A control joined or left the object after the peer was attached (a control array's Load
+  // and Unload). ControlAdded runs from the control's base constructor: the control is not
+  // complete yet, so a peer draws it later, and ControlRemoved runs before it is gone.
+  virtual void ControlAdded(Control& /*control*/) {}
+  virtual void ControlRemoved(Control& /*control*/) {}
 };
 
 }  // namespace vb

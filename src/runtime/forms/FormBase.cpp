@@ -64,11 +64,13 @@ Control* FormBase::FindControl(std::u16string_view name, int index) const {
 
 void FormBase::Register(Control* control) {
   controls_.push_back(control);
+  if (peer_) peer_->ControlAdded(*control);
 }
 
 void FormBase::Unregister(Control* control) {
   std::erase(controls_, control);
   if (activeControl_ == control) activeControl_ = nullptr;
+  if (peer_) peer_->ControlRemoved(*control);
 }
 
 void FormBase::FocusChanged(Control* control, bool gained) {
@@ -82,6 +84,8 @@ void FormBase::FocusChanged(Control* control, bool gained) {
 
 void FormBase::RaiseInitialize() {
   if (std::exchange(initialized_, true)) return;
+  // The object and its controls are complete here: a toolkit attaches its peers now.
+  if (runtime_.onObjectReady) runtime_.onObjectReady(*this);
   OnInitialize();
 }
 

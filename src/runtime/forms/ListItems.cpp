@@ -93,6 +93,8 @@ ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std
   if (sorted) {
     unsorted_ = true;
     added.position_ = at;
+    // Announced where it lies now, at the end; the sort that settles it resets the rows.
+    if (auto* p = view_.Peer()) p->RowsInserted(static_cast<int>(at), 1);
   } else {
     Renumber(at);
     if (auto* p = view_.Peer()) p->RowsInserted(static_cast<int>(at), 1);

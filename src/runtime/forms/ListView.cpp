@@ -92,6 +92,7 @@ void ListView::StartLabelEdit() {
   int cancel = 0;
   Raise(BeforeLabelEdit, cancel);
   editing_ = cancel == 0 ? selected_ : nullptr;
+  if (editing_) Notify("EditingItem");
 }
 
 bool ListView::Commit(std::u16string newText) {
