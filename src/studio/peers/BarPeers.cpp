@@ -47,6 +47,8 @@ class TabStripPeer : public WidgetPeer {
         tabs_->addTab(ToQt(strip_.Tabs(i).caption));
         tabs_->setTabToolTip(i - 1, ToQt(strip_.Tabs(i).toolTipText));
       }
+      // A hidden tab bar does not ask its layout again when tabs come; the height is fixed here.
+      tabs_->setFixedHeight(tabs_->sizeHint().height());
     }
     if (Is(property, "Tabs") || Is(property, "SelectedItem")) {
       auto* selected = strip_.SelectedItem();
