@@ -24,7 +24,8 @@ std::u16string CodeModule::What() const {
 }
 
 files::CodeLines& CodeModule::Text() {
-  CheckAlive(What());
+  // Every line read comes through here: the name is built only for the error.
+  if (!Alive()) CheckAlive(What());
   auto c = component_.lock();
   if (!c) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
   return c->File().code;

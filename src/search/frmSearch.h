@@ -93,8 +93,8 @@ class frmSearch final : public vb::Form {
   mdlMain& main_;
   vbide::VBProjectsEventsPtr projectEvents_;
   vbide::Subscription projectAdded_, projectRemoved_, projectRenamed_;
-  // SearchText folded once, refreshed when SearchText changes.
-  std::u16string foldedFor_, folded_;
+  // SearchText's finder, set up again when SearchText changes.
+  FoldedFinder finder_;
 };
 
 }  // namespace quillmark

@@ -2,7 +2,6 @@
 // workers that walk projects, modules, procedures and the selection.
 #include "addin/Connect.h"
 #include "addin/ResumeNext.h"
-#include "runtime/CaseFold.h"
 #include "runtime/VbStrings.h"
 #include "search/ResultColumns.h"
 #include "search/docResults.h"
@@ -21,11 +20,8 @@ MatchOptions frmSearch::CheckedOptions() const {
 
 std::int32_t frmSearch::MatchText(std::u16string_view line, std::int32_t start) {
   EnsureLoaded();
-  if (foldedFor_ != main_.SearchText) {
-    foldedFor_ = main_.SearchText;
-    folded_ = vb::FoldCase(foldedFor_);
-  }
-  return MatchLine(line, start, main_.SearchText, folded_, CheckedOptions());
+  if (finder_.SearchText() != main_.SearchText) finder_ = FoldedFinder(main_.SearchText);
+  return MatchLine(line, start, finder_, CheckedOptions());
 }
 
 void frmSearch::ToolbarSearch() {

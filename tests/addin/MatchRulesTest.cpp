@@ -5,6 +5,7 @@
 #include "runtime/CaseFold.h"
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
+#include "runtime/VbStrings.h"
 #include "search/MatchRules.h"
 
 namespace {
@@ -104,6 +105,45 @@ TEST(MatchRules, ClassifiersAgreeWithTheRule) {
   static_assert(quillmark::IsCommentLine(u"  'x") && !quillmark::IsCommentLine(u"\t'x") &&
                 !quillmark::IsCommentLine(u"   "));
   EXPECT_THROW(MatchLine(u"abc", 0, u"a", u"a", kPlain), vb::Error);
+}
+
+}  // namespace
+
+namespace {
+
+// The finder must give InStr's answers everywhere: at every start, across the eight-unit blocks
+// it scans, with non-ASCII units that fold onto ASCII ones (the Kelvin sign folds to "k").
+TEST(FoldedFinder, AgreesWithInStrForEveryStartOfManyLines) {
+  std::vector<std::u16string> needles = {u"k", u"Key", u"customer", u"_x", u"1",
+                                         u"é", u"ÉTÉ", u"\u212Aey", u"ab"};
+  std::vector<std::u16string> lines = {
+      u"",
+      u"k",
+      u"Dim Customer As String ' customer",
+      u"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab",
+      u"the \u212AEY is here and the key there, KEY",
+      u"été ÉTÉ été",
+      u"0123456789_x_x 1 11111111111111",
+      u"abababababababababababababababa_CUSTOMERcustomer",
+      u"\xDC81\xDC82 k \xDC83",
+  };
+  for (auto& needle : needles) {
+    quillmark::FoldedFinder finder(needle);
+    std::u16string folded = vb::FoldCase(needle);
+    for (auto& line : lines) {
+      for (int start = 1; start <= static_cast<int>(line.size()) + 2; ++start)
+        ASSERT_EQ(finder.Find(start, line), vb::InStrFolded(start, line, folded))
+            << vb::ToUtf8(needle) << " in " << vb::ToUtf8(line) << " from " << start;
+    }
+  }
+  EXPECT_THROW(quillmark::FoldedFinder(u"a").Find(0, u"abc"), vb::Error);
+}
+
+TEST(FoldedFinder, TheRuleGivesTheSameAnswerThroughTheFinder) {
+  quillmark::FoldedFinder finder(u"Count");
+  EXPECT_EQ(MatchLine(u"my_Count = Counter", 1, finder, kWord), 4);
+  EXPECT_EQ(MatchLine(u"count = Count", 1, finder, kCase), 0);
+  EXPECT_EQ(MatchLine(u"  ' Count", 1, finder, kComments), 0);
 }
 
 }  // namespace

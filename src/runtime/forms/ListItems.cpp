@@ -73,7 +73,9 @@ std::u16string ListItems::Folded(std::u16string_view key) {
 ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std::u16string icon,
                          std::u16string smallIcon) {
   if (index < 0 || index > Count() + 1) throw ctlerr::IndexOutOfBounds(u"ListItems.Add");
-  if (!key.empty() && keys_.contains(Folded(key))) throw ctlerr::KeyNotUnique(key);
+  // Folded once: a search adds a row per matching line.
+  std::u16string folded = key.empty() ? std::u16string() : Folded(key);
+  if (!key.empty() && keys_.contains(folded)) throw ctlerr::KeyNotUnique(key);
   auto* images = view_.SmallIcons();
   if (images && !smallIcon.empty() && !images->Exists(smallIcon)) {
     throw ctlerr::ElementNotFound(u"SmallIcon \"" + smallIcon + u"\"");
@@ -85,7 +87,7 @@ ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std
   item->icon_ = std::move(icon);
   item->smallIcon_ = std::move(smallIcon);
   ListItem& added = *item;
-  if (!added.key_.empty()) keys_.emplace(Folded(added.key_), &added);
+  if (!added.key_.empty()) keys_.emplace(std::move(folded), &added);
   bool sorted = view_.Sorted();
   std::size_t at = (index == 0 || sorted) ? items_.size() : static_cast<std::size_t>(index - 1);
   if (!sorted) Settle();
