@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "runtime/CaseFold.h"
+#include "runtime/FoldTable.h"
 #include "runtime/Utf.h"
 #include "runtime/forms/ControlError.h"
 #include "runtime/forms/ControlPeer.h"
@@ -37,7 +38,11 @@ const std::u16string& ListItem::SubItems(int index) const {
 
 void ListItem::SetSubItems(int index, std::u16string value) {
   SubItems(index);  // the range check
-  if (subItems_.size() <= static_cast<std::size_t>(index)) subItems_.resize(index + 1);
+  if (subItems_.size() <= static_cast<std::size_t>(index)) {
+    // Room for every column at once: rows are filled column by column.
+    subItems_.reserve(static_cast<std::size_t>(owner_->view_.ColumnHeaders().Count()));
+    subItems_.resize(index + 1);
+  }
   subItems_[index] = std::move(value);
   Changed();
 }
@@ -66,16 +71,21 @@ int ListItem::Index() const {
 
 // ListItems
 
-std::u16string ListItems::Folded(std::u16string_view key) {
-  return FoldCase(key);
+std::size_t ListItems::KeyHash::operator()(std::u16string_view key) const {
+  std::size_t hash = 1469598103934665603ULL;  // FNV-1a over the folded units
+  for (char16_t unit : key) hash = (hash ^ fold::Unit(unit)) * 1099511628211ULL;
+  return hash;
+}
+
+template <class A, class B>
+bool ListItems::KeyEqual::operator()(const A& a, const B& b) const {
+  return EqualsText(KeyOf(a), KeyOf(b));
 }
 
 ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std::u16string icon,
                          std::u16string smallIcon) {
   if (index < 0 || index > Count() + 1) throw ctlerr::IndexOutOfBounds(u"ListItems.Add");
-  // Folded once: a search adds a row per matching line.
-  std::u16string folded = key.empty() ? std::u16string() : Folded(key);
-  if (!key.empty() && keys_.contains(folded)) throw ctlerr::KeyNotUnique(key);
+  if (!key.empty() && keys_.contains(std::u16string_view(key))) throw ctlerr::KeyNotUnique(key);
   auto* images = view_.SmallIcons();
   if (images && !smallIcon.empty() && !images->Exists(smallIcon)) {
     throw ctlerr::ElementNotFound(u"SmallIcon \"" + smallIcon + u"\"");
@@ -87,7 +97,7 @@ ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std
   item->icon_ = std::move(icon);
   item->smallIcon_ = std::move(smallIcon);
   ListItem& added = *item;
-  if (!added.key_.empty()) keys_.emplace(std::move(folded), &added);
+  if (!added.key_.empty()) keys_.insert(&added);
   bool sorted = view_.Sorted();
   std::size_t at = (index == 0 || sorted) ? items_.size() : static_cast<std::size_t>(index - 1);
   if (!sorted) Settle();
@@ -108,7 +118,7 @@ void ListItems::Remove(int index) {
   ListItem& item = Item(index);
   if (view_.selected_ == &item) view_.selected_ = nullptr;
   if (view_.editing_ == &item) view_.editing_ = nullptr;
-  if (!item.key_.empty()) keys_.erase(Folded(item.key_));
+  if (!item.key_.empty()) keys_.erase(&item);
   items_.erase(items_.begin() + (index - 1));
   Renumber(static_cast<std::size_t>(index - 1));
   if (auto* p = view_.Peer()) p->RowsRemoved(index - 1, 1);
@@ -138,17 +148,18 @@ ListItem& ListItems::Item(std::u16string_view key) {
 
 ListItem* ListItems::Find(std::u16string_view key) const {
   if (key.empty()) return nullptr;
-  auto it = keys_.find(Folded(key));
-  return it == keys_.end() ? nullptr : it->second;
+  auto it = keys_.find(key);
+  return it == keys_.end() ? nullptr : *it;
 }
 
 void ListItems::Rekey(ListItem& item, std::u16string key) {
-  auto folded = Folded(key);
-  auto it = keys_.find(folded);
-  if (it != keys_.end() && it->second != &item) throw ctlerr::KeyNotUnique(key);
-  if (!item.key_.empty()) keys_.erase(Folded(item.key_));
+  if (!key.empty()) {
+    auto it = keys_.find(std::u16string_view(key));
+    if (it != keys_.end() && *it != &item) throw ctlerr::KeyNotUnique(key);
+  }
+  if (!item.key_.empty()) keys_.erase(&item);
   item.key_ = std::move(key);
-  if (!item.key_.empty()) keys_[folded] = &item;
+  if (!item.key_.empty()) keys_.insert(&item);
 }
 
 void ListItems::Selecting(ListItem& item) {

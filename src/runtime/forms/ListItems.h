@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "runtime/forms/ListItem.h"
@@ -46,11 +46,23 @@ class ListItems {
   void Rekey(ListItem& item, std::u16string key);
   void Selecting(ListItem& item);
   void RowChanged(const ListItem& item);
-  static std::u16string Folded(std::u16string_view key);
+  // The rows that have a key, found by a key ignoring case without a folded copy of each key.
+  struct KeyHash {
+    using is_transparent = void;
+    std::size_t operator()(std::u16string_view key) const;
+    std::size_t operator()(const ListItem* item) const { return (*this)(item->key_); }
+  };
+  struct KeyEqual {
+    using is_transparent = void;
+    static std::u16string_view KeyOf(std::u16string_view key) { return key; }
+    static std::u16string_view KeyOf(const ListItem* item) { return item->key_; }
+    template <class A, class B>
+    bool operator()(const A& a, const B& b) const;
+  };
 
   ListView& view_;
   std::vector<std::unique_ptr<ListItem>> items_;
-  std::unordered_map<std::u16string, ListItem*> keys_;  // by folded key
+  std::unordered_set<ListItem*, KeyHash, KeyEqual> keys_;
   bool unsorted_ = false;
 };
 
