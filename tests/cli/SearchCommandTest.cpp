@@ -155,6 +155,15 @@ TEST_F(Cli, ReplaceSavesTheChangedModulesKeepingEveryOtherByte) {
   EXPECT_EQ(File("modMain.bas"), kModMain);  // \x81 comes back as the same byte
 }
 
+TEST_F(Cli, AReplacementTheCodePageCannotHoldIsRefusedAndTheFileKept) {
+  Result r = Run(
+      {"replace", "customer", "--with", "\u03A9mega", "--project", "Shop", "--module", "COrders"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("cannot be written in code page 1252"), std::string::npos) << r.err;
+  EXPECT_NE(r.err.find("COrders.cls"), std::string::npos) << r.err;
+  EXPECT_EQ(File("COrders.cls"), kOrders);
+}
+
 TEST_F(Cli, ReplaceInTheSelectedRowsOnly) {
   Result r = Run({"replace", "customer", "--with", "Client", "--selected-rows", "1,5"});
   EXPECT_EQ(r.status, 0) << r.err;
