@@ -98,7 +98,7 @@ WidgetPeer* FormWindowPeer::PeerOf(const vb::Control& control) const {
 QWidget* FormWindowPeer::WidgetOf(vb::Hwnd hwnd) const {
   if (hwnd == object_.hWnd()) return window_;
   for (auto& [control, peer] : peers_) {
-    if (control->hWnd() == hwnd) return peer->KeyWidgets().back();
+    if (control->hWnd() == hwnd) return peer->Widget();
   }
   return nullptr;
 }

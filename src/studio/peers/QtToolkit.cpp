@@ -17,6 +17,7 @@
 #include "studio/peers/LoopDriver.h"
 #include "studio/peers/MessageBoxPlan.h"
 #include "studio/peers/QtConvert.h"
+#include "studio/peers/QtPlatformDialogs.h"
 
 namespace studio {
 namespace {
@@ -72,10 +73,19 @@ QtToolkit::QtToolkit(vb::Runtime& runtime, QtToolkitOptions options)
     if (auto* peer = PeerOfWindow(hwnd)) peer->ObjectDestroyed();
   };
   runtime_.onObjectReady = [this](vb::FormBase& object) { Attach(object); };
+  dialogs_ = std::make_shared<QtPlatformDialogs>([this](vb::Hwnd hwnd) -> QWidget* {
+    for (auto& peer : peers_) {
+      if (QWidget* widget = peer->WidgetOf(hwnd)) return widget->window();
+    }
+    return QApplication::activeWindow();
+  });
+  runtime_.SetDialogs(dialogs_);
 }
 
 QtToolkit::~QtToolkit() {
   runtime_.onObjectReady = nullptr;
+  // The runtime keeps the dialogs (a caller may hold them); they lose their owner windows.
+  dialogs_->Detach();
   runtime_.Windows().onFocusChanged = nullptr;
   runtime_.Windows().onTopMostChanged = nullptr;
   runtime_.Windows().onDestroyed = nullptr;

@@ -20,6 +20,7 @@ namespace studio {
 
 class FormWindowPeer;
 class LoopDriver;
+class QtPlatformDialogs;
 
 struct QtToolkitOptions {
   // The studio runs on the system's clock; a test keeps the runtime's virtual one.
@@ -29,9 +30,9 @@ struct QtToolkitOptions {
 };
 
 // While it lives, every form and document created on the runtime gets a window and its
-// controls get widgets; message boxes, the beep, the clipboard, timers, posted work and DoEvents
-// go through Qt; the screen is the real one. Destroying it detaches everything and leaves the
-// runtime headless again; it must go before the QApplication does.
+// controls get widgets; message boxes, the common dialogs, the beep, the clipboard, timers,
+// posted work and DoEvents go through Qt; the screen is the real one. Destroying it detaches
+// everything and leaves the runtime headless again; it must go before the QApplication does.
 class QtToolkit : public QObject {
  public:
   QtToolkit(vb::Runtime& runtime, QtToolkitOptions options);
@@ -51,6 +52,7 @@ class QtToolkit : public QObject {
   vb::Runtime& runtime_;
   TwipScale scale_;
   std::unique_ptr<LoopDriver> driver_;
+  std::shared_ptr<QtPlatformDialogs> dialogs_;
   std::vector<std::unique_ptr<FormWindowPeer>> peers_;
   int mirroring_ = 0;
 };
