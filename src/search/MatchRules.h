@@ -42,11 +42,13 @@ class FoldedFinder {
   bool MatchesAt(std::u16string_view text, std::size_t at) const;
   std::u16string searchText_;
   std::u16string folded_;
-  // The scan's filter for the first unit: a unit u is a candidate when (u | orMask) == first, or
-  // when u is 0x80 or above (the few non-ASCII units that fold to ASCII are checked by folding).
-  char16_t first_ = 0;
+  // The scan looks for the rarest ASCII unit of the search text (its "anchor", at `anchor_`)
+  // rather than the first: a unit u is a candidate when (u | orMask) == anchor, or when u is 0x80
+  // or above (the few non-ASCII units that fold to ASCII are checked by folding).
+  std::size_t anchor_ = 0;
+  char16_t anchorUnit_ = 0;
   char16_t orMask_ = 0;
-  bool asciiFirst_ = false;
+  bool scannable_ = false;
 };
 
 // The 1-based position of the first case-insensitive occurrence of `searchText` in `line` at or

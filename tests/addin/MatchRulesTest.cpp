@@ -114,8 +114,9 @@ namespace {
 // The finder must give InStr's answers everywhere: at every start, across the eight-unit blocks
 // it scans, with non-ASCII units that fold onto ASCII ones (the Kelvin sign folds to "k").
 TEST(FoldedFinder, AgreesWithInStrForEveryStartOfManyLines) {
-  std::vector<std::u16string> needles = {u"k", u"Key", u"customer", u"_x", u"1",
-                                         u"é", u"ÉTÉ", u"\u212Aey", u"ab"};
+  std::vector<std::u16string> needles = {u"k",  u"Key", u"customer", u"_x", u"1",
+                                         u"é",  u"ÉTÉ", u"\u212Aey", u"ab", u"eyk",
+                                         u"aq", u"éx",  u"a b",      u"mer"};
   std::vector<std::u16string> lines = {
       u"",
       u"k",
@@ -126,6 +127,7 @@ TEST(FoldedFinder, AgreesWithInStrForEveryStartOfManyLines) {
       u"0123456789_x_x 1 11111111111111",
       u"abababababababababababababababa_CUSTOMERcustomer",
       u"\xDC81\xDC82 k \xDC83",
+      u"aaaaaaaaq aq AQ éxÉX a  b a b eY\u212A",
   };
   for (auto& needle : needles) {
     quillmark::FoldedFinder finder(needle);
