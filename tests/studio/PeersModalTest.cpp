@@ -2,6 +2,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -140,6 +142,23 @@ TEST_F(PeersModalTest, AModalFormShowsItsCaptionPlaceAndControlsInPixels) {
   EXPECT_EQ(prompt, "Replace 12 occurrences in 3 modules?");
   EXPECT_EQ(placed, QRect(208, 64, 81, 25));  // twips / 15 at 96 dpi
   EXPECT_TRUE(log.empty());
+}
+
+TEST_F(PeersModalTest, AFormNobodyPlacedOpensCentredAndTheEngineKnowsWhere) {
+  auto form = vb::New<frmAsk>(*runtime, log);
+  form->Move(0, 0);
+  form->Show();
+  QWidget* window = studio::WidgetOf(*form);
+  QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  QPoint centre = window->frameGeometry().center();
+  EXPECT_LE(std::abs(centre.x() - screen.center().x()), 1);
+  EXPECT_LE(std::abs(centre.y() - screen.center().y()), 1);
+  EXPECT_EQ(form->Left(), window->x() * 15.0f);
+  EXPECT_EQ(form->Top(), window->y() * 15.0f);
+  form->Hide();
+  form->Move(0, 0);
+  form->Show();  // placed once: code may put it in the corner afterwards
+  EXPECT_EQ(window->pos(), QPoint(0, 0));
 }
 
 // The message box the toolkit shows: title, text, icon, buttons and the default button.

@@ -278,6 +278,10 @@ void FormWindowPeer::ShowOrHide() {
     window_->hide();
     return;
   }
+  if (!std::exchange(shownOnce_, true) && form->WindowState() == vb::vbNormal &&
+      form->Left() == 0 && form->Top() == 0) {
+    PlaceFirstTime(*form);
+  }
   switch (form->WindowState()) {
     case vb::vbMinimized:
       window_->showMinimized();
@@ -291,6 +295,24 @@ void FormWindowPeer::ShowOrHide() {
   }
   window_->raise();
   window_->activateWindow();
+}
+
+// A form nobody placed opens centred over the active window (or the screen), as dialogs do;
+// the engine is told where it went, as VB's Left and Top report the window's real place.
+void FormWindowPeer::PlaceFirstTime(vb::Form& form) {
+  QWidget* owner = QApplication::activeWindow();
+  QScreen* screen = QGuiApplication::primaryScreen();
+  if (!screen) return;
+  QRect area = owner && owner != window_ ? owner->frameGeometry() : screen->availableGeometry();
+  QSize size = window_->frameGeometry().size();
+  QPoint at = area.center() - QPoint(size.width() / 2, size.height() / 2);
+  QRect bounds = screen->availableGeometry();
+  at.setX(
+      std::clamp(at.x(), bounds.left(), std::max(bounds.left(), bounds.right() - size.width())));
+  at.setY(
+      std::clamp(at.y(), bounds.top(), std::max(bounds.top(), bounds.bottom() - size.height())));
+  window_->move(at);
+  UserAction([&] { form.Move(scale_.ToTwips(at.x()), scale_.ToTwips(at.y())); });
 }
 
 void FormWindowPeer::UserResized() {

@@ -73,6 +73,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   void ApplyFlags();
   void ApplyGeometry();
   void ShowOrHide();
+  void PlaceFirstTime(vb::Form& form);
   void RebuildMenuBar();
   void ScheduleMenuBar();
   void FillMenu(QMenu& target, const vb::Menu& menu);
@@ -97,6 +98,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   QEventLoop* modalLoop_ = nullptr;
   std::function<bool()> stillOpen_;
   bool topMost_ = false;
+  bool shownOnce_ = false;
   int redelivering_ = 0;
   int quiet_ = 0;  // a key the engine has heard goes on to its widget
   std::shared_ptr<int> alive_ = std::make_shared<int>(0);  // expires with this peer
