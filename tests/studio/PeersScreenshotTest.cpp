@@ -102,6 +102,7 @@ TEST_F(PeersScreenshotTest, DocumentsAreWidgetsADockCanHold) {
   QWidget* widget = studio::WidgetOf(*results);
   ASSERT_NE(widget, nullptr);
   EXPECT_FALSE(widget->isWindow() && widget->isVisible());
+  EXPECT_EQ(widget->sizeHint(), QSize(320, 240));  // the document's extent opens the dock
   // The dock decides the size; the document lays itself out.
   widget->resize(640, 220);
   widget->show();

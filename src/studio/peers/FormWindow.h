@@ -17,11 +17,24 @@ class FormWindow : public QWidget {
   std::function<void()> onMoved;
   std::function<void()> onActivated;
 
+  // The size a layout (a dock) first gives the widget: a document's extent.
+  void SetPreferredSize(QSize size) {
+    preferred_ = size;
+    updateGeometry();
+  }
+  QSize sizeHint() const override {
+    return preferred_.isValid() ? preferred_ : QWidget::sizeHint();
+  }
+  QSize minimumSizeHint() const override { return {80, 40}; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
+
+ private:
+  QSize preferred_;
 };
 
 }  // namespace studio

@@ -60,6 +60,10 @@ FormWindowPeer::FormWindowPeer(vb::FormBase& object, TwipScale scale,
     if (!form || applying_ > 0 || runtime_.ActiveForm() == form) return;
     if (form->IsLoaded() && form->Visible()) UserAction([form] { form->Show(); });
   };
+  if (!AsForm()) {
+    window_->SetPreferredSize(
+        QSize(scale_.ToPixels(object_.ScaleWidth()), scale_.ToPixels(object_.ScaleHeight())));
+  }
   object_.SetPeer(this);
   for (auto* control : object_.Controls()) AddPeer(*control);
   for (auto& [control, peer] : peers_) Place(const_cast<vb::Control&>(*control));
