@@ -130,6 +130,20 @@ TEST_F(PeersListViewTest, RowsAddedWhileSortedAppearInTheirSortedPlaces) {
   EXPECT_EQ(Shown(2, 1), "30");
 }
 
+TEST_F(PeersListViewTest, ASelectionMadeBeforeALateSortIsShownAfterIt) {
+  ClickHeader(1);
+  auto& items = form->lvwSearch.ListItems();
+  items.Add(0, {}, u"Module1").SetSubItems(1, u"30");
+  vb::ListItem& chosen = items.Add(0, {}, u"Module1");
+  chosen.SetSubItems(1, u"10");
+  chosen.SetSelected(true);  // the rows are not in order yet: nothing is shown until they are
+  Settle();                  // the view reads a row, the engine sorts, the view is reset
+  EXPECT_EQ(Shown(0, 1), "10");
+  Settle();
+  EXPECT_TRUE(table->selectionModel()->isRowSelected(0, {}));
+  EXPECT_FALSE(table->selectionModel()->isRowSelected(1, {}));
+}
+
 TEST_F(PeersListViewTest, SelectionIsSharedBothWays) {
   AddRows(50);
   Settle();

@@ -116,6 +116,7 @@ void ListViewModel::RowsReset() {
   shownRows_ = view_.ListItems().Count();
   shownColumns_ = std::max(1, view_.ColumnHeaders().Count());
   endResetModel();
+  if (afterReset) afterReset();
 }
 
 void ListViewModel::RowsInserted(int first, int count) {

@@ -4,6 +4,7 @@
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QIcon>
+#include <functional>
 
 #include "runtime/forms/ListView.h"
 
@@ -34,6 +35,9 @@ class ListViewModel : public QAbstractTableModel {
   void Flush();
   // The list view is going: the model shows nothing from now on and never reads it again.
   void Detach();
+
+  // Called after every reset, including one announced late: the view's selection is gone then.
+  std::function<void()> afterReset;
 
  private:
   void ScheduleFlush();

@@ -39,6 +39,10 @@ ListViewPeer::ListViewPeer(vb::ListView& view, PeerHost& host)
   model_ = new ListViewModel(view_, table);
   table->setModel(model_);
   table->setItemDelegate(new LabelEditDelegate(*this, table));
+  model_->afterReset = [this] {
+    ShowSortIndicator();
+    ShowSelection();
+  };
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setShowGrid(false);
   table->setWordWrap(false);
@@ -102,11 +106,7 @@ void ListViewPeer::Apply(std::string_view property) {
 }
 
 void ListViewPeer::RowsReset() {
-  ++applyingGuard_;
   model_->RowsReset();
-  ShowSortIndicator();
-  ShowSelection();
-  --applyingGuard_;
 }
 
 void ListViewPeer::RowChanged(int row) {
