@@ -133,6 +133,8 @@ class ListBoxPeer : public WidgetPeer {
       if (list_.Style() == 1) {
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(list_.Selected(i) ? Qt::Checked : Qt::Unchecked);
+      } else {
+        item->setFlags(item->flags() & ~Qt::ItemIsUserCheckable);
       }
     }
   }
