@@ -205,4 +205,38 @@ TEST_F(PeersServicesTest, TheFocusMovesTogetherInTheEngineAndInQt) {
   EXPECT_EQ(log, (peerstest::Log{"txtFind_GotFocus"}));
 }
 
+class frmSizable : public vb::Form {
+ public:
+  explicit frmSizable(vb::Runtime& runtime) : Form(runtime, u"frmSizable") {
+    Move(1500, 1500, 4800, 3600);
+  }
+  std::vector<float> resized;
+
+ protected:
+  void Form_Resize() override { resized.push_back(ScaleWidth()); }
+};
+
+TEST_F(PeersServicesTest, TheUsersResizeIsTheFormsResize) {
+  auto form = vb::New<frmSizable>(*runtime);
+  form->Show();
+  QWidget* window = studio::WidgetOf(*form);
+  EXPECT_EQ(window->size(), QSize(312, 206));  // the 4680 x 3090 inner area
+  window->resize(400, 300);
+  Settle();
+  EXPECT_EQ(form->ScaleWidth(), 6000);
+  EXPECT_EQ(form->ScaleHeight(), 4500);
+  EXPECT_EQ(form->resized, (std::vector<float>{4680, 6000}));
+
+  form->SetMousePointer(vb::vbHourglass);
+  EXPECT_EQ(window->cursor().shape(), Qt::WaitCursor);
+  form->SetMousePointer(vb::vbDefault);
+  EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+  form->SetEnabled(false);
+  EXPECT_FALSE(window->isEnabled());
+  form->SetCaption(u"Results - 3 matches");
+  EXPECT_EQ(window->windowTitle(), "Results - 3 matches");
+  form->SetWindowState(vb::vbMinimized);
+  EXPECT_TRUE(window->isMinimized());
+}
+
 }  // namespace
