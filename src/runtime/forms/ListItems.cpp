@@ -71,21 +71,9 @@ int ListItem::Index() const {
 
 // ListItems
 
-std::size_t ListItems::KeyHash::operator()(std::u16string_view key) const {
-  std::size_t hash = 1469598103934665603ULL;  // FNV-1a over the folded units
-  for (char16_t unit : key) hash = (hash ^ fold::Unit(unit)) * 1099511628211ULL;
-  return hash;
-}
-
-template <class A, class B>
-bool ListItems::KeyEqual::operator()(const A& a, const B& b) const {
-  return EqualsText(KeyOf(a), KeyOf(b));
-}
-
 ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std::u16string icon,
                          std::u16string smallIcon) {
   if (index < 0 || index > Count() + 1) throw ctlerr::IndexOutOfBounds(u"ListItems.Add");
-  if (!key.empty() && keys_.contains(std::u16string_view(key))) throw ctlerr::KeyNotUnique(key);
   auto* images = view_.SmallIcons();
   if (images && !smallIcon.empty() && !images->Exists(smallIcon)) {
     throw ctlerr::ElementNotFound(u"SmallIcon \"" + smallIcon + u"\"");
@@ -97,7 +85,7 @@ ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std
   item->icon_ = std::move(icon);
   item->smallIcon_ = std::move(smallIcon);
   ListItem& added = *item;
-  if (!added.key_.empty()) keys_.insert(&added);
+  if (!added.key_.empty() && !keys_.Insert(&added)) throw ctlerr::KeyNotUnique(added.key_);
   bool sorted = view_.Sorted();
   std::size_t at = (index == 0 || sorted) ? items_.size() : static_cast<std::size_t>(index - 1);
   if (!sorted) Settle();
@@ -118,7 +106,7 @@ void ListItems::Remove(int index) {
   ListItem& item = Item(index);
   if (view_.selected_ == &item) view_.selected_ = nullptr;
   if (view_.editing_ == &item) view_.editing_ = nullptr;
-  if (!item.key_.empty()) keys_.erase(&item);
+  if (!item.key_.empty()) keys_.Erase(&item);
   items_.erase(items_.begin() + (index - 1));
   Renumber(static_cast<std::size_t>(index - 1));
   if (auto* p = view_.Peer()) p->RowsRemoved(index - 1, 1);
@@ -127,8 +115,8 @@ void ListItems::Remove(int index) {
 void ListItems::Clear() {
   view_.selected_ = nullptr;
   view_.editing_ = nullptr;
+  keys_.Clear();
   items_.clear();
-  keys_.clear();
   unsorted_ = false;
   if (auto* p = view_.Peer()) p->RowsReset();
 }
@@ -148,18 +136,17 @@ ListItem& ListItems::Item(std::u16string_view key) {
 
 ListItem* ListItems::Find(std::u16string_view key) const {
   if (key.empty()) return nullptr;
-  auto it = keys_.find(key);
-  return it == keys_.end() ? nullptr : *it;
+  return keys_.Find(key);
 }
 
 void ListItems::Rekey(ListItem& item, std::u16string key) {
   if (!key.empty()) {
-    auto it = keys_.find(std::u16string_view(key));
-    if (it != keys_.end() && *it != &item) throw ctlerr::KeyNotUnique(key);
+    ListItem* holder = keys_.Find(key);
+    if (holder && holder != &item) throw ctlerr::KeyNotUnique(key);
   }
-  if (!item.key_.empty()) keys_.erase(&item);
+  if (!item.key_.empty()) keys_.Erase(&item);
   item.key_ = std::move(key);
-  if (!item.key_.empty()) keys_.insert(&item);
+  if (!item.key_.empty()) keys_.Insert(&item);
 }
 
 void ListItems::Selecting(ListItem& item) {

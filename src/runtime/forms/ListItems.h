@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
+#include "runtime/forms/KeyIndex.h"
 #include "runtime/forms/ListItem.h"
 
 namespace vb {
@@ -46,23 +46,9 @@ class ListItems {
   void Rekey(ListItem& item, std::u16string key);
   void Selecting(ListItem& item);
   void RowChanged(const ListItem& item);
-  // The rows that have a key, found by a key ignoring case without a folded copy of each key.
-  struct KeyHash {
-    using is_transparent = void;
-    std::size_t operator()(std::u16string_view key) const;
-    std::size_t operator()(const ListItem* item) const { return (*this)(item->key_); }
-  };
-  struct KeyEqual {
-    using is_transparent = void;
-    static std::u16string_view KeyOf(std::u16string_view key) { return key; }
-    static std::u16string_view KeyOf(const ListItem* item) { return item->key_; }
-    template <class A, class B>
-    bool operator()(const A& a, const B& b) const;
-  };
-
   ListView& view_;
   std::vector<std::unique_ptr<ListItem>> items_;
-  std::unordered_set<ListItem*, KeyHash, KeyEqual> keys_;
+  KeyIndex keys_;  // the rows that have a key, found ignoring case
   bool unsorted_ = false;
 };
 
