@@ -3,6 +3,7 @@
 
 #include "runtime/AppInfo.h"
 #include "runtime/FileSystem.h"
+#include "runtime/Resources.h"
 #include "runtime/Shell.h"
 #include "runtime/Utf.h"
 #include "runtime/VbStrings.h"
@@ -16,6 +17,7 @@ constexpr std::uint32_t kLinkColour = 0x800000;     // navy
 constexpr std::intptr_t kShellFailed = 32;          // results of 32 or less are failures
 constexpr int kShowNormal = 1;
 constexpr std::u16string_view kTempPage = u"qthtml.htm";
+constexpr std::u16string_view kPicture = u"Search";  // the product's magnifier
 
 }  // namespace
 
@@ -27,9 +29,20 @@ frmAbout::frmAbout(mdlMain& main) : Form(main.Rt(), u"frmAbout"), main_(main) {
   cmdClose.Click = [this] { cmdClose_Click(); };
   lblInfo(2).SetCaption(u"Productivity tools for Visual Basic 6 programmers.");
   lblInfo(3).SetCaption(u"Web page:");
+  // The box as the designer placed it, in twips.
+  Move(0, 0, 5175, 2775);
+  Image1.Move(240, 240, 480, 480);
+  lblInfo(0).Move(960, 240, 3975, 255);
+  lblInfo(1).Move(960, 540, 3975, 255);
+  lblInfo(2).Move(960, 900, 3975, 255);
+  lblInfo(3).Move(960, 1320, 855, 255);
+  lblInfo(4).Move(1860, 1320, 3075, 255);
+  cmdClose.Move(3720, 1860, 1215, 375);
   lblInfo.Wire(&vb::Control::Click, [this](int index) { lblInfo_Click(index); });
-  lblInfo.Wire(&vb::Control::MouseDown, [this](int index, int, int, float, float) { lblInfo_MouseDown(index); });
-  lblInfo.Wire(&vb::Control::MouseUp, [this](int index, int, int, float, float) { lblInfo_MouseUp(index); });
+  lblInfo.Wire(&vb::Control::MouseDown,
+               [this](int index, int, int, float, float) { lblInfo_MouseDown(index); });
+  lblInfo.Wire(&vb::Control::MouseUp,
+               [this](int index, int, int, float, float) { lblInfo_MouseUp(index); });
 }
 
 void frmAbout::Form_Load() {
@@ -40,9 +53,12 @@ void frmAbout::Form_Load() {
                         vb::CStr(static_cast<std::int64_t>(app.Revision())));
   lblInfo(kLinkIndex).SetCaption(std::u16string(kWebPage));
   lblInfo(kLinkIndex).SetForeColor(kLinkColour);
+  Image1.SetPicture(main_.Rt().GetResources().LoadResPicture(kPicture));
 }
 
-void frmAbout::cmdClose_Click() { Unload(); }
+void frmAbout::cmdClose_Click() {
+  Unload();
+}
 
 void frmAbout::lblInfo_MouseDown(int index) {
   if (index == kLinkIndex) lblInfo(kLinkIndex).SetForeColor(kPressedColour);
@@ -64,7 +80,8 @@ void frmAbout::lblInfo_Click(int index) {
   program = vb::Trim(program);
   if (found <= kShellFailed) {
     rt.MsgBox(u"Could not find associated Browser", vb::vbExclamation, u"Browser Not Found");
-  } else if (rt.GetShell().ShellExecute(hWnd(), u"open", program, kWebPage, u"", kShowNormal) <= kShellFailed) {
+  } else if (rt.GetShell().ShellExecute(hWnd(), u"open", program, kWebPage, u"", kShowNormal) <=
+             kShellFailed) {
     rt.MsgBox(u"Web Page not Opened", vb::vbExclamation, u"URL Failed");
   }
   rt.Files().Kill(page);

@@ -24,6 +24,14 @@ frmReplace::frmReplace(mdlMain& main) : Form(main.Rt(), u"frmReplace"), main_(ma
   cmdCancel.SetCancel(true);
   cmdReplace.Click = [this] { cmdReplace_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
+  // The dialog as the designer placed it, in twips.
+  Move(0, 0, 5295, 2010);
+  lblReplace.Move(120, 165, 1155, 255);
+  txtReplace.Move(1320, 120, 2415, 315);
+  optReplace(kAll).Move(1320, 600, 1815, 255);
+  optReplace(kSelected).Move(1320, 900, 1815, 255);
+  cmdReplace.Move(3960, 105, 1095, 375);
+  cmdCancel.Move(3960, 555, 1095, 375);
 }
 
 bool frmReplace::Replace(std::u16string& replaceText, bool& replaceAll) {

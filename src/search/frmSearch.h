@@ -67,6 +67,7 @@ class frmSearch final : public vb::Form {
   void Form_KeyDown(int& keyCode, int shift) override;
 
  private:
+  void Layout();
   // Dialog (frmSearch.cpp)
   void cmdSearch_Click();
   void cboSearch_Change();
