@@ -19,7 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-double Seconds(Clock::time_point from) { return std::chrono::duration<double>(Clock::now() - from).count(); }
+double Seconds(Clock::time_point from) {
+  return std::chrono::duration<double>(Clock::now() - from).count();
+}
 
 // Resident and peak resident memory of this process, in bytes.
 long long StatusBytes(const char* field) {
@@ -76,12 +78,16 @@ int main(int argc, char** argv) {
     }
 
   std::printf("group          %s\n", group.string().c_str());
-  std::printf("files          %.1f MB on disk, %lld code lines, %zu problems\n", bytesOnDisk / 1e6, lines, problems.size());
+  std::printf("files          %.1f MB on disk, %lld code lines, %zu problems\n", bytesOnDisk / 1e6,
+              lines, problems.size());
   std::printf("load           %.3f s   (budget 1 s)\n", load);
-  if (rg > 0) std::printf("rg -c -j1 .    %.3f s   load/rg = %.2f\n", rg, load / rg);
-  else std::printf("rg -c -j1 .    not available (install ripgrep)\n");
-  std::printf("memory         %.1f MB resident for the model = %.2f x bytes on disk   (budget 4 x)\n", model / 1e6,
-              static_cast<double>(model) / static_cast<double>(bytesOnDisk));
+  if (rg > 0)
+    std::printf("rg -c -j1 .    %.3f s   load/rg = %.2f\n", rg, load / rg);
+  else
+    std::printf("rg -c -j1 .    not available (install ripgrep)\n");
+  std::printf(
+      "memory         %.1f MB resident for the model = %.2f x bytes on disk   (budget 4 x)\n",
+      model / 1e6, static_cast<double>(model) / static_cast<double>(bytesOnDisk));
 
   // ProcOfLine for every line of the largest module: the first query builds the index.
   int count = largest->CountOfLines();
@@ -91,10 +97,13 @@ int main(int argc, char** argv) {
   double firstQuery = Seconds(start);
   start = Clock::now();
   std::size_t named = 0;
-  for (int line = 1; line <= count; ++line) named += largest->ProcOfLine(line, kind).empty() ? 0 : 1;
+  for (int line = 1; line <= count; ++line)
+    named += largest->ProcOfLine(line, kind).empty() ? 0 : 1;
   double perLine = Seconds(start) / count;
-  std::printf("ProcOfLine     %d lines of %s: index built in %.2f ms, then %.0f ns per line (%zu in procedures)\n",
-              count, "the largest module", firstQuery * 1e3, perLine * 1e9, named);
+  std::printf(
+      "ProcOfLine     %d lines of %s: index built in %.2f ms, then %.0f ns per line (%zu in "
+      "procedures)\n",
+      count, "the largest module", firstQuery * 1e3, perLine * 1e9, named);
 
   for (auto& project : ide->ProjectList()->List())
     for (auto& component : project->ComponentList()->List()) {
@@ -110,8 +119,8 @@ int main(int argc, char** argv) {
   start = Clock::now();
   for (int i = 1; i <= members; ++i) densest->Members()->Item(i)->CodeLocation();
   double perItem = Seconds(start) / members;
-  std::printf("Members        %d members rebuilt in %.2f ms, then %.0f ns per Item\n", members, membersTime * 1e3,
-              perItem * 1e9);
+  std::printf("Members        %d members rebuilt in %.2f ms, then %.0f ns per Item\n", members,
+              membersTime * 1e3, perItem * 1e9);
   std::printf("peak memory    %.1f MB\n", StatusBytes("VmHWM:") / 1e6);
   return 0;
 }

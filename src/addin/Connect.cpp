@@ -8,11 +8,11 @@
 #include "options/frmOptions.h"
 #include "search/docResults.h"
 #include "search/frmSearch.h"
-#include "viewer/docListView.h"
 #include "vbide/AddIn.h"
 #include "vbide/CommandBars.h"
 #include "vbide/VBE.h"
 #include "vbide/Window.h"
+#include "viewer/docListView.h"
 
 namespace quillmark {
 namespace {
@@ -25,7 +25,9 @@ constexpr std::u16string_view kConnectionErrorTitle = u"QuillmarkTools::OnConnec
 
 }  // namespace
 
-Connect::Connect(std::shared_ptr<vb::Runtime> runtime) : main_(std::move(runtime)) { main_.connect = this; }
+Connect::Connect(std::shared_ptr<vb::Runtime> runtime) : main_(std::move(runtime)) {
+  main_.connect = this;
+}
 
 Connect::~Connect() = default;
 
@@ -101,7 +103,9 @@ void Connect::FindMainWindow() {
   main_.gMainHwnd = main_.Rt().Windows().FindWindow(main_.gVBInstance->MainWindow()->Caption());
 }
 
-void Connect::OnAddInsUpdate() { main_.Rt().DoEvents(); }
+void Connect::OnAddInsUpdate() {
+  main_.Rt().DoEvents();
+}
 
 void Connect::OnDisconnection(vbide::ext_DisconnectMode) {
   ResumeNext([&] { Obj(menuPopup_).Delete(); });
@@ -112,7 +116,8 @@ void Connect::OnDisconnection(vbide::ext_DisconnectMode) {
     if (main_.gwinListView) settings.WriteFlag(kComponentViewer, main_.gwinListView->Visible());
   });
   ResumeNext([&] {
-    if (main_.gwinProjectExplorer) settings.WriteFlag(kProjectExplorer, main_.gwinProjectExplorer->Visible());
+    if (main_.gwinProjectExplorer)
+      settings.WriteFlag(kProjectExplorer, main_.gwinProjectExplorer->Visible());
   });
   ResumeNext([&] {
     if (main_.gfrmSearch) settings.WriteFlag(kSearchDialog, main_.gfrmSearch->Visible());
@@ -146,8 +151,8 @@ void Connect::ShowListView() {
     if (main_.gwinListView) return;
     auto addIn = main_.gVBInstance->Addins()->Item(kProgId);
     std::shared_ptr<vb::UserDocument> document;
-    main_.gwinListView =
-        main_.gVBInstance->Windows()->CreateToolWindow(addIn, kListViewProgId, kListViewCaption, kListViewGuid, document);
+    main_.gwinListView = main_.gVBInstance->Windows()->CreateToolWindow(
+        addIn, kListViewProgId, kListViewCaption, kListViewGuid, document);
     main_.gdocListView = std::dynamic_pointer_cast<docListView>(document);
     Obj(main_.gdocListView).SetConnect(this);
   });
@@ -159,8 +164,8 @@ void Connect::ShowResults() {
     if (main_.gwinResults) return;
     auto addIn = main_.gVBInstance->Addins()->Item(kProgId);
     std::shared_ptr<vb::UserDocument> document;
-    main_.gwinResults =
-        main_.gVBInstance->Windows()->CreateToolWindow(addIn, kResultsProgId, kResultsCaption, kResultsGuid, document);
+    main_.gwinResults = main_.gVBInstance->Windows()->CreateToolWindow(
+        addIn, kResultsProgId, kResultsCaption, kResultsGuid, document);
     main_.gdocResults = std::dynamic_pointer_cast<docResults>(document);
     Obj(main_.gdocResults).SetConnect(this);
   });
@@ -188,7 +193,9 @@ void Connect::HideSearch() {
   ResumeNext([&] { Obj(main_.gfrmSearch).Hide(); });
 }
 
-void Connect::CodeModified() { codeModified.Raise(); }
+void Connect::CodeModified() {
+  codeModified.Raise();
+}
 
 // ---- IDE events --------------------------------------------------------------------------------
 

@@ -74,10 +74,10 @@ class Connect final : public vbide::IDTExtensibility, public std::enable_shared_
   void BuildToolbar();
   void SaveToolbar();
   // Adds a control, sets its caption, face and group line, and binds its click to `handler`.
-  vbide::CommandBarControlPtr AddControl(const vbide::CommandBarControlsPtr& controls, int type,
-                                         std::u16string_view caption, int faceId,
-                                         std::u16string_view faceName, bool beginGroup,
-                                         std::function<void(const vbide::CommandBarControlPtr&)> handler);
+  vbide::CommandBarControlPtr AddControl(
+      const vbide::CommandBarControlsPtr& controls, int type, std::u16string_view caption,
+      int faceId, std::u16string_view faceName, bool beginGroup,
+      std::function<void(const vbide::CommandBarControlPtr&)> handler);
 
   mdlMain main_;
   vbide::AddInPtr addIn_;

@@ -30,10 +30,10 @@ constexpr int kNoFace = 0;
 
 }  // namespace
 
-vbide::CommandBarControlPtr Connect::AddControl(const vbide::CommandBarControlsPtr& controls, int type,
-                                                std::u16string_view caption, int faceId,
-                                                std::u16string_view faceName, bool beginGroup,
-                                                std::function<void(const vbide::CommandBarControlPtr&)> handler) {
+vbide::CommandBarControlPtr Connect::AddControl(
+    const vbide::CommandBarControlsPtr& controls, int type, std::u16string_view caption, int faceId,
+    std::u16string_view faceName, bool beginGroup,
+    std::function<void(const vbide::CommandBarControlPtr&)> handler) {
   auto control = controls->Add(type);
   if (!caption.empty()) control->SetCaption(caption);
   if (faceId != kNoFace || !faceName.empty()) {
@@ -60,8 +60,8 @@ void Connect::BuildMenu() {
   menuItems_ = {
       AddControl(items, vbide::msoControlButton, u"&Component Viewer", kFaceListView, {}, false,
                  [this](C) { Menu_ListView_Click(); }),
-      AddControl(items, vbide::msoControlButton, u"&Visual Search and Replace", kFaceSearch, {}, true,
-                 [this](C) { Menu_Search_Click(); }),
+      AddControl(items, vbide::msoControlButton, u"&Visual Search and Replace", kFaceSearch, {},
+                 true, [this](C) { Menu_Search_Click(); }),
       AddControl(items, vbide::msoControlButton, u"Close All &Windows", kFaceClosePane, {}, true,
                  [this](C) { Menu_ClosePane_Click(); }),
       AddControl(items, vbide::msoControlButton, u"Clear &Debug Window", kFaceClearDebug, {}, false,
@@ -79,21 +79,26 @@ void Connect::BuildToolbar() {
     toolbar_->SetProtection(vbide::msoBarNoCustomize);
     auto controls = toolbar_->Controls();
     using C = const vbide::CommandBarControlPtr&;
-    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Component Viewer", kFaceListView, {},
-                                          false, [this](C) { Button_ListView_Click(); }));
+    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Component Viewer",
+                                          kFaceListView, {}, false,
+                                          [this](C) { Button_ListView_Click(); }));
     toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"New Member", kNoFace,
-                                          kFaceNewMember, false, [this](C) { Button_NewMember_Click(); }));
-    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Visual Search and Replace",
-                                          kFaceSearch, {}, true, [this](C) { Button_Search_Click(); }));
+                                          kFaceNewMember, false,
+                                          [this](C) { Button_NewMember_Click(); }));
+    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton,
+                                          u"Visual Search and Replace", kFaceSearch, {}, true,
+                                          [this](C) { Button_Search_Click(); }));
     auto combo = AddControl(controls, vbide::msoControlComboBox, {}, kNoFace, {}, false,
                             [this](C c) { Button_SearchCombo_Click(c); });
     toolbarControls_.push_back(combo);
     combo->SetWidth(kSearchComboWidth);
     LoadSearchCombo();
-    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Close All Windows", kFaceClosePane,
-                                          {}, true, [this](C) { Button_ClosePane_Click(); }));
+    toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Close All Windows",
+                                          kFaceClosePane, {}, true,
+                                          [this](C) { Button_ClosePane_Click(); }));
     toolbarControls_.push_back(AddControl(controls, vbide::msoControlButton, u"Clear Debug Window",
-                                          kFaceClearDebug, {}, false, [this](C) { Button_ClearDebug_Click(); }));
+                                          kFaceClearDebug, {}, false,
+                                          [this](C) { Button_ClearDebug_Click(); }));
 
     auto settings = main_.Settings();
     using namespace options::CommandBar;
@@ -138,16 +143,22 @@ void Connect::LoadSearchCombo() {
 
 // ---- Handlers ----------------------------------------------------------------------------------
 
-void Connect::Menu_ListView_Click() { ShowListView(); }
+void Connect::Menu_ListView_Click() {
+  ShowListView();
+}
 
 void Connect::Menu_Search_Click() {
   bool show = true;
   ShowSearch(show);
 }
 
-void Connect::Menu_ClosePane_Click() { CloseAllWindows(*main_.gVBInstance); }
+void Connect::Menu_ClosePane_Click() {
+  CloseAllWindows(*main_.gVBInstance);
+}
 
-void Connect::Menu_ClearDebug_Click() { ClearDebugWindow(*main_.gVBInstance, main_.Rt()); }
+void Connect::Menu_ClearDebug_Click() {
+  ClearDebugWindow(*main_.gVBInstance, main_.Rt());
+}
 
 void Connect::Menu_Options_Click() {
   main_.gfrmOptions = vb::New<frmOptions>(main_);
@@ -160,7 +171,9 @@ void Connect::Menu_About_Click() {
   about->Show(vb::vbModal);
 }
 
-void Connect::Button_NewMember_Click() { Obj(main_.gfrmNewMember).Show(vb::vbModeless); }
+void Connect::Button_NewMember_Click() {
+  Obj(main_.gfrmNewMember).Show(vb::vbModeless);
+}
 
 void Connect::Button_SearchCombo_Click(const vbide::CommandBarControlPtr& control) {
   auto combo = std::dynamic_pointer_cast<vbide::CommandBarComboBox>(control);

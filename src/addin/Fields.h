@@ -18,7 +18,8 @@ std::int16_t CountFields(std::u16string_view text, std::u16string_view delimiter
 
 // Field `index` (from 0): the text after `index` delimiters up to the next one or the end; ""
 // when there are fewer delimiters.
-std::u16string GetField(std::u16string_view text, std::int16_t index, std::u16string_view delimiter);
+std::u16string GetField(std::u16string_view text, std::int16_t index,
+                        std::u16string_view delimiter);
 
 // False when `name` occurs anywhere inside the intrinsic type list, ignoring case. A plain
 // substring test: fragments such as "Int" or "ouble" count as intrinsic. Intended; keep it.

@@ -11,8 +11,10 @@ void RegisterQuillmarkTools(vbide::ClassRegistry& registry, std::shared_ptr<vb::
   registry.RegisterAddIn(std::u16string(kProgId), u"Quillmark Tools",
                          [runtime] { return std::make_shared<Connect>(runtime); });
   vb::Runtime* rt = runtime.get();
-  registry.RegisterDocument(std::u16string(kListViewProgId), [rt] { return vb::New<docListView>(*rt); });
-  registry.RegisterDocument(std::u16string(kResultsProgId), [rt] { return vb::New<docResults>(*rt); });
+  registry.RegisterDocument(std::u16string(kListViewProgId),
+                            [rt] { return vb::New<docListView>(*rt); });
+  registry.RegisterDocument(std::u16string(kResultsProgId),
+                            [rt] { return vb::New<docResults>(*rt); });
 }
 
 }  // namespace quillmark

@@ -76,17 +76,20 @@ void LoadFormPosition(mdlMain& main, vb::Form& form, bool withSize) {
   form.Move(left, top);
 }
 
-void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView, std::u16string_view prefix) {
+void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+                      std::u16string_view prefix) {
   auto settings = main.Settings();
   auto& columns = listView.ColumnHeaders();
   for (int i = 1; i <= columns.Count(); ++i) {
     std::u16string name = options::ColumnKeyName(prefix, i);
-    float width = static_cast<float>(settings.Whole({section, name, options::ColumnWidths::kDefault}));
+    float width =
+        static_cast<float>(settings.Whole({section, name, options::ColumnWidths::kDefault}));
     columns.Item(i).SetWidth(width > kMaxColumnWidth ? kDefaultColumnWidth : width);
   }
 }
 
-void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView, std::u16string_view prefix) {
+void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+                      std::u16string_view prefix) {
   auto settings = main.Settings();
   auto& columns = listView.ColumnHeaders();
   for (int i = 1; i <= columns.Count(); ++i) {
@@ -102,12 +105,14 @@ void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& 
 void SetFullRowSelect(mdlMain& main, vb::Hwnd listView) {
   auto& windows = main.Rt().Windows();
   auto style = windows.SendMessage(listView, vb::kLvmGetExtendedListViewStyle, 0, 0);
-  windows.SendMessage(listView, vb::kLvmSetExtendedListViewStyle, 0, style | vb::kLvsExFullRowSelect);
+  windows.SendMessage(listView, vb::kLvmSetExtendedListViewStyle, 0,
+                      style | vb::kLvsExFullRowSelect);
 }
 
 vb::Hwnd TopLevelParent(mdlMain& main, vb::Hwnd hwnd) {
   auto& windows = main.Rt().Windows();
-  for (vb::Hwnd parent = windows.GetParent(hwnd); parent != 0; parent = windows.GetParent(hwnd)) hwnd = parent;
+  for (vb::Hwnd parent = windows.GetParent(hwnd); parent != 0; parent = windows.GetParent(hwnd))
+    hwnd = parent;
   return hwnd;
 }
 

@@ -29,8 +29,10 @@ void LoadFormPosition(mdlMain& main, vb::Form& form, bool withSize);
 // Column widths under `prefix` + the 1-based column number. Loading: default 1440, more than
 // 15000 loads as 1440. Saving: only a width more than 5 twips from the stored one is written,
 // and it is written less 285 twips — not added back on loading. Intended; keep it.
-void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView, std::u16string_view prefix);
-void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView, std::u16string_view prefix);
+void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+                      std::u16string_view prefix);
+void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+                      std::u16string_view prefix);
 
 // Sets the list view's full-row-select extended style (read, set bit 32, write back).
 void SetFullRowSelect(mdlMain& main, vb::Hwnd listView);

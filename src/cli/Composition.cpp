@@ -40,9 +40,11 @@ std::unique_ptr<Desk> MakeDesk(const std::filesystem::path& configFolder, int co
   desk->runtime->SetSettings(desk->settings);
   desk->runtime->SetResources(resources);
   desk->runtime->SetFiles(std::make_shared<vb::DiskFileSystem>());
-  desk->runtime->SetShell(std::make_shared<vb::DesktopShell>(vb::ProcessEnvironment(), *desk->processes));
-  desk->runtime->SetApp(std::make_shared<vb::AppInfo>(vb::FromUtf8(ProgramFolder().string()), u"Quillmark Tools",
-                                                      QM_VERSION_MAJOR, QM_VERSION_MINOR, QM_VERSION_PATCH));
+  desk->runtime->SetShell(
+      std::make_shared<vb::DesktopShell>(vb::ProcessEnvironment(), *desk->processes));
+  desk->runtime->SetApp(std::make_shared<vb::AppInfo>(vb::FromUtf8(ProgramFolder().string()),
+                                                      u"Quillmark Tools", QM_VERSION_MAJOR,
+                                                      QM_VERSION_MINOR, QM_VERSION_PATCH));
   desk->classes = std::make_shared<vbide::ClassRegistry>();
   quillmark::RegisterQuillmarkTools(*desk->classes, desk->runtime);
   desk->ide = host::CreateIdeFor(desk->runtime, desk->classes, codePage);
@@ -57,7 +59,8 @@ Desk::~Desk() {
 
 quillmark::Connect* Desk::Addin() const {
   auto addIn = ide ? ide->AddinList()->Find(quillmark::kProgId) : nullptr;
-  return addIn && addIn->Instance() ? static_cast<quillmark::Connect*>(addIn->Instance().get()) : nullptr;
+  return addIn && addIn->Instance() ? static_cast<quillmark::Connect*>(addIn->Instance().get())
+                                    : nullptr;
 }
 
 void Desk::ConnectAtStartup() {

@@ -23,8 +23,10 @@ int InfoCommand(const std::vector<std::string>& argv, Streams io) {
   for (auto& project : ws.ide->VBProjects()->Items()) {
     io.out << vb::ToUtf8(project->Name()) << " (" << ProjectKindName(project->Type()) << ")  "
            << vb::ToUtf8(project->FileName()) << "\n";
-    io.out << "  " << std::left << std::setw(24) << "Component" << std::setw(16) << "Kind" << std::right
-           << std::setw(8) << "Lines" << std::setw(9) << "Members" << std::setw(10) << "Controls" << "\n";
+    io.out << "  " << std::left << std::setw(24) << "Component" << std::setw(16) << "Kind"
+           << std::right << std::setw(8) << "Lines" << std::setw(9) << "Members" << std::setw(10)
+           << "Controls"
+           << "\n";
     for (auto& component : project->VBComponents()->Items()) {
       auto module = component->CodeModule();
       auto designer = component->Designer();

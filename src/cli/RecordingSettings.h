@@ -16,14 +16,15 @@ class RecordingSettings final : public vb::SettingsStore {
   };
   explicit RecordingSettings(std::shared_ptr<vb::SettingsStore> store) : store_(std::move(store)) {}
 
-  std::u16string GetSetting(std::u16string_view app, std::u16string_view section, std::u16string_view key,
-                            std::u16string_view defaultValue) override {
+  std::u16string GetSetting(std::u16string_view app, std::u16string_view section,
+                            std::u16string_view key, std::u16string_view defaultValue) override {
     return store_->GetSetting(app, section, key, defaultValue);
   }
   void SaveSetting(std::u16string_view app, std::u16string_view section, std::u16string_view key,
                    std::u16string_view value) override {
     store_->SaveSetting(app, section, key, value);
-    writes_.push_back({std::u16string(app), std::u16string(section), std::u16string(key), std::u16string(value)});
+    writes_.push_back(
+        {std::u16string(app), std::u16string(section), std::u16string(key), std::u16string(value)});
   }
   std::vector<vb::SettingPair> GetAllSettings(std::u16string_view app,
                                               std::u16string_view section) override {

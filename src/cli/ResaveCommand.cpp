@@ -59,7 +59,8 @@ int ResaveCommand(const std::vector<std::string>& argv, Streams io) {
         c->SaveAs(vb::FromUtf8(destination(c->Path()).string()));
         // Companion binaries are never rewritten, only copied beside their module.
         for (auto& companion : c->Companions())
-          host::files::WriteFileAtomically(destination(companion), host::files::ReadFileBytes(companion));
+          host::files::WriteFileAtomically(destination(companion),
+                                           host::files::ReadFileBytes(companion));
       } catch (const vb::Error& e) {
         io.err << c->Path().string() << ": " << vb::ToUtf8(e.Description()) << "\n";
         ++problems;

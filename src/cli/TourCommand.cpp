@@ -14,14 +14,17 @@
 namespace cli {
 namespace {
 
-std::string Utf8(std::u16string_view text) { return vb::ToUtf8(text); }
+std::string Utf8(std::u16string_view text) {
+  return vb::ToUtf8(text);
+}
 
 void PrintControls(std::ostream& out, const vbide::CommandBarControlsPtr& controls, int depth) {
   for (auto& c : controls->Items()) {
     if (c->BeginGroup()) out << std::string(depth * 2, ' ') << "----\n";
     out << std::string(depth * 2, ' ');
     if (auto combo = std::dynamic_pointer_cast<vbide::CommandBarComboBox>(c)) {
-      out << "[search box, " << c->Width() << " pixels wide, " << combo->ListCount() << " recent texts]\n";
+      out << "[search box, " << c->Width() << " pixels wide, " << combo->ListCount()
+          << " recent texts]\n";
       continue;
     }
     auto face = std::dynamic_pointer_cast<host::CommandBarButton>(c);
@@ -32,11 +35,16 @@ void PrintControls(std::ostream& out, const vbide::CommandBarControlsPtr& contro
 
 const char* PositionName(int position) {
   switch (position) {
-    case vbide::msoBarLeft: return "docked left";
-    case vbide::msoBarTop: return "docked at the top";
-    case vbide::msoBarRight: return "docked right";
-    case vbide::msoBarBottom: return "docked at the bottom";
-    default: return "floating";
+    case vbide::msoBarLeft:
+      return "docked left";
+    case vbide::msoBarTop:
+      return "docked at the top";
+    case vbide::msoBarRight:
+      return "docked right";
+    case vbide::msoBarBottom:
+      return "docked at the bottom";
+    default:
+      return "floating";
   }
 }
 
@@ -62,8 +70,9 @@ int TourCommand(const std::vector<std::string>& argv, Streams io) {
   io.out << "Tools menu: " << Utf8(addin->MenuPopup()->Caption()) << "\n";
   PrintControls(io.out, addin->MenuPopup()->Controls(), 1);
   auto bar = addin->Toolbar();
-  io.out << "\nToolbar: " << Utf8(bar->Name()) << " (" << PositionName(bar->Position()) << ", left " << bar->Left()
-         << ", top " << bar->Top() << ", " << (bar->Visible() ? "visible" : "hidden") << ")\n";
+  io.out << "\nToolbar: " << Utf8(bar->Name()) << " (" << PositionName(bar->Position()) << ", left "
+         << bar->Left() << ", top " << bar->Top() << ", " << (bar->Visible() ? "visible" : "hidden")
+         << ")\n";
   PrintControls(io.out, bar->Controls(), 1);
 
   problems += RunTourSteps(*desk, io);
@@ -72,7 +81,8 @@ int TourCommand(const std::vector<std::string>& argv, Streams io) {
   desk->Disconnect();
   io.out << "\nDisconnected; settings written:\n";
   for (auto& w : recorder->Writes())
-    io.out << "  [" << Utf8(w.app) << "] " << Utf8(w.section) << " / " << Utf8(w.key) << " = " << Utf8(w.value) << "\n";
+    io.out << "  [" << Utf8(w.app) << "] " << Utf8(w.section) << " / " << Utf8(w.key) << " = "
+           << Utf8(w.value) << "\n";
   for (auto& box : desk->runtime->MessageBoxService().Transcript())
     io.out << "message box: " << Utf8(box.title) << ": " << Utf8(box.prompt) << "\n";
   return problems ? 1 : 0;

@@ -8,8 +8,10 @@ namespace host {
 void AddIn::SetConnect(bool connect) {
   auto ide = ide_.lock();
   if (!ide || connect == Connect()) return;
-  if (connect) ide->ConnectAddIn(progId_, vbide::ext_cm_AfterStartup);
-  else ide->DisconnectAddIn(progId_, vbide::ext_dm_UserClosed);
+  if (connect)
+    ide->ConnectAddIn(progId_, vbide::ext_cm_AfterStartup);
+  else
+    ide->DisconnectAddIn(progId_, vbide::ext_dm_UserClosed);
 }
 
 vbide::AddinsPtr AddIn::Collection() {
@@ -18,7 +20,8 @@ vbide::AddinsPtr AddIn::Collection() {
 }
 
 vbide::AddInPtr Addins::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"add-in");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"add-in");
   return items_[index - 1];
 }
 

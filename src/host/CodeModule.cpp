@@ -14,7 +14,9 @@ vb::Error InvalidCall(std::u16string_view detail) {
   return vb::Error::Standard(vb::err::kInvalidProcedureCall, detail);
 }
 
-std::u16string Number(long long n) { return vb::FromUtf8(std::to_string(n)); }
+std::u16string Number(long long n) {
+  return vb::FromUtf8(std::to_string(n));
+}
 
 }  // namespace
 
@@ -33,7 +35,8 @@ files::CodeLines& CodeModule::Text() {
 
 void CodeModule::CheckLine(int line, int last) {
   if (line < 1 || line > last)
-    throw InvalidCall(u"line " + Number(line) + u" is outside 1.." + Number(last) + u" of " + What());
+    throw InvalidCall(u"line " + Number(line) + u" is outside 1.." + Number(last) + u" of " +
+                      What());
 }
 
 void CodeModule::Edited() {
@@ -65,9 +68,13 @@ vbide::CodePanePtr CodeModule::CodePane() {
   return pane_;
 }
 
-int CodeModule::CountOfLines() { return Text().Count(); }
+int CodeModule::CountOfLines() {
+  return Text().Count();
+}
 
-int CodeModule::CountOfDeclarationLines() { return Index().CountOfDeclarationLines(); }
+int CodeModule::CountOfDeclarationLines() {
+  return Index().CountOfDeclarationLines();
+}
 
 std::u16string CodeModule::Lines(int startLine, int count) {
   auto& text = Text();
@@ -114,7 +121,8 @@ void CodeModule::ReplaceLine(int line, std::u16string_view text) {
   CheckLine(line, lines.Count());
   auto parts = files::SplitLines(text);
   lines.Replace(line, parts.front());
-  if (parts.size() > 1) lines.Insert(line + 1, std::vector<std::u16string>(parts.begin() + 1, parts.end()));
+  if (parts.size() > 1)
+    lines.Insert(line + 1, std::vector<std::u16string>(parts.begin() + 1, parts.end()));
   Edited();
 }
 

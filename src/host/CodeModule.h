@@ -1,8 +1,8 @@
 // host::CodeModule: the visible lines of a component, with the lazily rebuilt procedure index.
 #pragma once
 
-#include <memory>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 

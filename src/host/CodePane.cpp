@@ -14,8 +14,8 @@ std::shared_ptr<CodePane> CodePane::Create(const std::shared_ptr<Ide>& ide,
   std::shared_ptr<CodePane> pane(new CodePane(ide, module));
   auto component = std::static_pointer_cast<Component>(module->Parent());
   auto project = component->OwnerProject();
-  std::u16string caption = (project ? project->Name() : std::u16string()) + u" - " +
-                           component->Name() + u" (Code)";
+  std::u16string caption =
+      (project ? project->Name() : std::u16string()) + u" - " + component->Name() + u" (Code)";
   pane->window_ = std::make_shared<host::Window>(ide, vbide::vbext_wt_CodeWindow, caption,
                                                  ide->NewHandle(caption), false);
   ide->WindowList()->Add(pane->window_);
@@ -109,7 +109,8 @@ void CodePane::Detach() {
 }
 
 vbide::CodePanePtr CodePanes::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"code pane");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"code pane");
   return items_[index - 1];
 }
 

@@ -136,7 +136,8 @@ class CommandBarPopup final : public BarControl<vbide::CommandBarControl> {
 
 class CommandBarControls final : public vbide::CommandBarControls {
  public:
-  CommandBarControls(std::shared_ptr<CommandBarContext> context, std::weak_ptr<host::CommandBar> bar)
+  CommandBarControls(std::shared_ptr<CommandBarContext> context,
+                     std::weak_ptr<host::CommandBar> bar)
       : context_(std::move(context)), bar_(std::move(bar)) {}
   int Count() override { return static_cast<int>(items_.size()); }
   vbide::CommandBarControlPtr Item(int index) override;

@@ -3,13 +3,13 @@
 
 #include "host/CodeModule.h"
 #include "host/CodePane.h"
-#include "host/files/PathResolver.h"
 #include "host/Designer.h"
 #include "host/Ide.h"
 #include "host/Project.h"
 #include "host/Window.h"
 #include "host/files/FileIo.h"
 #include "host/files/HeaderEdits.h"
+#include "host/files/PathResolver.h"
 #include "runtime/Utf.h"
 
 namespace host {
@@ -17,7 +17,7 @@ namespace {
 
 struct KindInfo {
   vbide::vbext_ComponentType type;
-  const char16_t* stem;     // default name stem
+  const char16_t* stem;  // default name stem
   const char* extension;
   const char16_t* caption;  // window-title word
 };
@@ -43,15 +43,24 @@ const KindInfo& Info(vbide::vbext_ComponentType type) {
 
 files::ItemKind ItemKindOf(vbide::vbext_ComponentType type) {
   switch (type) {
-    case vbide::vbext_ct_StdModule: return files::ItemKind::Module;
-    case vbide::vbext_ct_ClassModule: return files::ItemKind::Class;
-    case vbide::vbext_ct_UserControl: return files::ItemKind::UserControl;
-    case vbide::vbext_ct_PropPage: return files::ItemKind::PropertyPage;
-    case vbide::vbext_ct_DocObject: return files::ItemKind::UserDocument;
-    case vbide::vbext_ct_ActiveXDesigner: return files::ItemKind::Designer;
-    case vbide::vbext_ct_ResFile: return files::ItemKind::ResFile;
-    case vbide::vbext_ct_RelatedDocument: return files::ItemKind::RelatedDoc;
-    default: return files::ItemKind::Form;
+    case vbide::vbext_ct_StdModule:
+      return files::ItemKind::Module;
+    case vbide::vbext_ct_ClassModule:
+      return files::ItemKind::Class;
+    case vbide::vbext_ct_UserControl:
+      return files::ItemKind::UserControl;
+    case vbide::vbext_ct_PropPage:
+      return files::ItemKind::PropertyPage;
+    case vbide::vbext_ct_DocObject:
+      return files::ItemKind::UserDocument;
+    case vbide::vbext_ct_ActiveXDesigner:
+      return files::ItemKind::Designer;
+    case vbide::vbext_ct_ResFile:
+      return files::ItemKind::ResFile;
+    case vbide::vbext_ct_RelatedDocument:
+      return files::ItemKind::RelatedDoc;
+    default:
+      return files::ItemKind::Form;
   }
 }
 
@@ -60,39 +69,56 @@ std::string NewModuleBytes(vbide::vbext_ComponentType type, const std::string& n
   std::string attrs = "Attribute VB_Name = \"" + name + "\"\r\n";
   auto flags = [](bool global, bool creatable, bool predeclared, bool exposed) {
     auto b = [](bool v) { return v ? "True" : "False"; };
-    return std::string("Attribute VB_GlobalNameSpace = ") + b(global) + "\r\nAttribute VB_Creatable = " +
-           b(creatable) + "\r\nAttribute VB_PredeclaredId = " + b(predeclared) +
+    return std::string("Attribute VB_GlobalNameSpace = ") + b(global) +
+           "\r\nAttribute VB_Creatable = " + b(creatable) +
+           "\r\nAttribute VB_PredeclaredId = " + b(predeclared) +
            "\r\nAttribute VB_Exposed = " + b(exposed) + "\r\n";
   };
   auto block = [&](const std::string& cls) {
     return "VERSION 5.00\r\nBegin " + cls + " " + name + " \r\n   ClientHeight    =   3195\r\n" +
-           "   ClientLeft      =   60\r\n   ClientTop       =   345\r\n   ClientWidth     =   4680\r\nEnd\r\n";
+           "   ClientLeft      =   60\r\n   ClientTop       =   345\r\n   ClientWidth     =   "
+           "4680\r\nEnd\r\n";
   };
   switch (type) {
-    case vbide::vbext_ct_StdModule: return attrs;
+    case vbide::vbext_ct_StdModule:
+      return attrs;
     case vbide::vbext_ct_ClassModule:
-      return "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\n  Persistable = 0  'NotPersistable\r\n"
+      return "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1  'True\r\n  Persistable = 0  "
+             "'NotPersistable\r\n"
              "  DataBindingBehavior = 0  'vbNone\r\n  DataSourceBehavior  = 0  'vbNone\r\n"
              "  MTSTransactionMode  = 0  'NotAnMTSObject\r\nEND\r\n" +
              attrs + flags(false, true, false, false);
-    case vbide::vbext_ct_VBMDIForm: return block("VB.MDIForm") + attrs + flags(false, false, true, false);
-    case vbide::vbext_ct_UserControl: return block("VB.UserControl") + attrs + flags(false, true, false, false);
-    case vbide::vbext_ct_PropPage: return block("VB.PropertyPage") + attrs + flags(false, true, false, false);
-    case vbide::vbext_ct_DocObject: return block("VB.UserDocument") + attrs + flags(false, true, false, true);
-    default: return block("VB.Form") + attrs + flags(false, false, true, false);
+    case vbide::vbext_ct_VBMDIForm:
+      return block("VB.MDIForm") + attrs + flags(false, false, true, false);
+    case vbide::vbext_ct_UserControl:
+      return block("VB.UserControl") + attrs + flags(false, true, false, false);
+    case vbide::vbext_ct_PropPage:
+      return block("VB.PropertyPage") + attrs + flags(false, true, false, false);
+    case vbide::vbext_ct_DocObject:
+      return block("VB.UserDocument") + attrs + flags(false, true, false, true);
+    default:
+      return block("VB.Form") + attrs + flags(false, false, true, false);
   }
 }
 
 files::ModuleKind ModuleKindOf(vbide::vbext_ComponentType type) {
   switch (type) {
-    case vbide::vbext_ct_StdModule: return files::ModuleKind::Standard;
-    case vbide::vbext_ct_ClassModule: return files::ModuleKind::Class;
-    case vbide::vbext_ct_VBMDIForm: return files::ModuleKind::MdiForm;
-    case vbide::vbext_ct_UserControl: return files::ModuleKind::UserControl;
-    case vbide::vbext_ct_PropPage: return files::ModuleKind::PropertyPage;
-    case vbide::vbext_ct_DocObject: return files::ModuleKind::UserDocument;
-    case vbide::vbext_ct_ActiveXDesigner: return files::ModuleKind::Designer;
-    default: return files::ModuleKind::Form;
+    case vbide::vbext_ct_StdModule:
+      return files::ModuleKind::Standard;
+    case vbide::vbext_ct_ClassModule:
+      return files::ModuleKind::Class;
+    case vbide::vbext_ct_VBMDIForm:
+      return files::ModuleKind::MdiForm;
+    case vbide::vbext_ct_UserControl:
+      return files::ModuleKind::UserControl;
+    case vbide::vbext_ct_PropPage:
+      return files::ModuleKind::PropertyPage;
+    case vbide::vbext_ct_DocObject:
+      return files::ModuleKind::UserDocument;
+    case vbide::vbext_ct_ActiveXDesigner:
+      return files::ModuleKind::Designer;
+    default:
+      return files::ModuleKind::Form;
   }
 }
 
@@ -100,14 +126,22 @@ files::ModuleKind ModuleKindOf(vbide::vbext_ComponentType type) {
 
 vbide::vbext_ComponentType ComponentTypeOf(files::ModuleKind kind) {
   switch (kind) {
-    case files::ModuleKind::Standard: return vbide::vbext_ct_StdModule;
-    case files::ModuleKind::Class: return vbide::vbext_ct_ClassModule;
-    case files::ModuleKind::Form: return vbide::vbext_ct_VBForm;
-    case files::ModuleKind::MdiForm: return vbide::vbext_ct_VBMDIForm;
-    case files::ModuleKind::UserControl: return vbide::vbext_ct_UserControl;
-    case files::ModuleKind::PropertyPage: return vbide::vbext_ct_PropPage;
-    case files::ModuleKind::UserDocument: return vbide::vbext_ct_DocObject;
-    case files::ModuleKind::Designer: return vbide::vbext_ct_ActiveXDesigner;
+    case files::ModuleKind::Standard:
+      return vbide::vbext_ct_StdModule;
+    case files::ModuleKind::Class:
+      return vbide::vbext_ct_ClassModule;
+    case files::ModuleKind::Form:
+      return vbide::vbext_ct_VBForm;
+    case files::ModuleKind::MdiForm:
+      return vbide::vbext_ct_VBMDIForm;
+    case files::ModuleKind::UserControl:
+      return vbide::vbext_ct_UserControl;
+    case files::ModuleKind::PropertyPage:
+      return vbide::vbext_ct_PropPage;
+    case files::ModuleKind::UserDocument:
+      return vbide::vbext_ct_DocObject;
+    case files::ModuleKind::Designer:
+      return vbide::vbext_ct_ActiveXDesigner;
   }
   return vbide::vbext_ct_StdModule;
 }
@@ -115,7 +149,8 @@ vbide::vbext_ComponentType ComponentTypeOf(files::ModuleKind kind) {
 // ---- Components --------------------------------------------------------------------------------
 
 vbide::VBComponentPtr Components::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"component");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"component");
   return items_[index - 1];
 }
 
@@ -127,7 +162,8 @@ std::shared_ptr<Component> Components::Find(std::u16string_view name) const {
 
 vbide::VBComponentPtr Components::Item(std::u16string_view name) {
   if (auto c = Find(name)) return c;
-  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"no component named " + std::u16string(name));
+  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange,
+                            u"no component named " + std::u16string(name));
 }
 
 std::vector<vbide::VBComponentPtr> Components::Items() {
@@ -145,20 +181,23 @@ vbide::VBComponentPtr Components::Add(vbide::vbext_ComponentType type) {
   auto project = project_.lock();
   if (type == vbide::vbext_ct_ResFile || type == vbide::vbext_ct_RelatedDocument ||
       type == vbide::vbext_ct_MSForm) {
-    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"component type " + vb::FromUtf8(std::to_string(type)));
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                              u"component type " + vb::FromUtf8(std::to_string(type)));
   }
   std::u16string name = UniqueName(Info(type).stem);
   files::Problems problems;
   auto module = files::ReadModule(NewModuleBytes(type, vb::ToUtf8(name)), ModuleKindOf(type),
                                   project->Codec(), vb::ToUtf8(name), problems);
-  auto component = std::make_shared<Component>(ide_, project_, type, std::move(module), name,
-                                               std::filesystem::path(), std::vector<std::filesystem::path>());
+  auto component =
+      std::make_shared<Component>(ide_, project_, type, std::move(module), name,
+                                  std::filesystem::path(), std::vector<std::filesystem::path>());
   component->Init();
   component->MarkChanged();
   items_.push_back(component);
   project->MarkFileChanged();
   if (auto ide = ide_.lock()) {
-    ide->Hub().ForComponents(project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemAdded.Raise(component); });
+    ide->Hub().ForComponents(project.get(),
+                             [&](vbide::VBComponentsEvents& e) { e.ItemAdded.Raise(component); });
     ide->changed.Raise();
   }
   return component;
@@ -167,27 +206,33 @@ vbide::VBComponentPtr Components::Add(vbide::vbext_ComponentType type) {
 void Components::Remove(const vbide::VBComponentPtr& component) {
   auto own = std::dynamic_pointer_cast<Component>(component);
   auto it = std::find(items_.begin(), items_.end(), own);
-  if (!own || it == items_.end()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"component");
+  if (!own || it == items_.end())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"component");
   auto project = project_.lock();
   int item = own->FindItem();
-  if (item >= 0) files::RemoveItem(project->File(), static_cast<std::size_t>(item), project->Codec());
+  if (item >= 0)
+    files::RemoveItem(project->File(), static_cast<std::size_t>(item), project->Codec());
   project->MarkFileChanged();
   items_.erase(it);
   own->Detach();
   if (auto ide = ide_.lock()) {
     ide->ComponentRemoved(own.get());
     // The removed object is still valid for the handler; using it raises 91.
-    ide->Hub().ForComponents(project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemRemoved.Raise(own); });
+    ide->Hub().ForComponents(project.get(),
+                             [&](vbide::VBComponentsEvents& e) { e.ItemRemoved.Raise(own); });
     ide->changed.Raise();
   }
 }
 
-vbide::VBProjectPtr Components::Parent() { return project_.lock(); }
+vbide::VBProjectPtr Components::Parent() {
+  return project_.lock();
+}
 
 // ---- Component ---------------------------------------------------------------------------------
 
-Component::Component(std::weak_ptr<Ide> ide, std::weak_ptr<Project> project, vbide::vbext_ComponentType type,
-                     std::optional<files::ModuleFile> module, std::u16string name, std::filesystem::path path,
+Component::Component(std::weak_ptr<Ide> ide, std::weak_ptr<Project> project,
+                     vbide::vbext_ComponentType type, std::optional<files::ModuleFile> module,
+                     std::u16string name, std::filesystem::path path,
                      std::vector<std::filesystem::path> companions)
     : ide_(std::move(ide)),
       project_(std::move(project)),
@@ -220,7 +265,8 @@ int Component::FindItem() const {
   files::ItemKind kind = ItemKindOf(type_);
   for (std::size_t i = 0; i < items.size(); ++i) {
     const auto& item = items[i];
-    if (item.kind != kind && !(kind == files::ItemKind::Form && item.kind == files::ItemKind::Form)) continue;
+    if (item.kind != kind && !(kind == files::ItemKind::Form && item.kind == files::ItemKind::Form))
+      continue;
     if (!item.name.empty() && SameName(item.name, name_)) return static_cast<int>(i);
     if (!path_.empty()) {
       auto resolved = files::ResolvePath(project->Folder(), item.path, project->Codec());
@@ -233,7 +279,8 @@ int Component::FindItem() const {
 void Component::SetName(std::u16string_view name) {
   CheckAlive(What());
   auto project = project_.lock();
-  if (name.empty()) throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty component name");
+  if (name.empty())
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty component name");
   std::u16string oldName = name_;
   if (file_) files::RenameComponent(*file_, name, project->Codec());
   int item = FindItem();
@@ -244,11 +291,14 @@ void Component::SetName(std::u16string_view name) {
   project->MarkFileChanged();
   auto ide = ide_.lock();
   if (module_ && module_->ExistingPane())
-    module_->ExistingPane()->CodeWindow()->SetCaption(project->Name() + u" - " + name_ + u" (Code)");
-  if (designerWindow_) designerWindow_->SetCaption(project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")");
+    module_->ExistingPane()->CodeWindow()->SetCaption(project->Name() + u" - " + name_ +
+                                                      u" (Code)");
+  if (designerWindow_)
+    designerWindow_->SetCaption(project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")");
   if (ide) {
     auto self = shared_from_this();
-    ide->Hub().ForComponents(project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemRenamed.Raise(self, oldName); });
+    ide->Hub().ForComponents(
+        project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemRenamed.Raise(self, oldName); });
     ide->changed.Raise();
   }
 }
@@ -281,13 +331,18 @@ int Component::FileCount() {
 
 std::u16string Component::FileNames(int index) {
   CheckAlive(What());
-  if (index < 1 || index > FileCount()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"file index");
+  if (index < 1 || index > FileCount())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"file index");
   return vb::FromUtf8((index == 1 ? path_ : companions_[index - 2]).string());
 }
 
-std::string Component::DefaultFileName() const { return vb::ToUtf8(name_) + Info(type_).extension; }
+std::string Component::DefaultFileName() const {
+  return vb::ToUtf8(name_) + Info(type_).extension;
+}
 
-std::u16string Component::DesignerKind() const { return Info(type_).caption; }
+std::u16string Component::DesignerKind() const {
+  return Info(type_).caption;
+}
 
 void Component::SaveAs(std::u16string_view fileName) {
   CheckAlive(What());
@@ -300,25 +355,29 @@ void Component::SaveAs(std::u16string_view fileName) {
     // back: the save is refused instead, and the old file stays as it was.
     if (unmappable > 0) {
       throw vb::Error(vb::err::kPathFileAccess,
-                      vb::FromUtf8(target.string()) + u": " + vb::FromUtf8(std::to_string(unmappable)) +
+                      vb::FromUtf8(target.string()) + u": " +
+                          vb::FromUtf8(std::to_string(unmappable)) +
                           u" character(s) cannot be written in code page " +
                           vb::FromUtf8(std::to_string(project->CodePage())));
     }
     files::WriteFileAtomically(target, bytes);
-  } else if (!path_.empty() && !(std::filesystem::exists(target) && std::filesystem::equivalent(target, path_))) {
+  } else if (!path_.empty() &&
+             !(std::filesystem::exists(target) && std::filesystem::equivalent(target, path_))) {
     // Resource files and related documents are never rewritten, only copied elsewhere.
     files::WriteFileAtomically(target, files::ReadFileBytes(path_));
   }
   bool wasListed = FindItem() >= 0;
   path_ = target;
   if (!wasListed) {
-    auto relative = std::filesystem::relative(target, project->Folder().empty() ? target.parent_path() : project->Folder());
+    auto relative = std::filesystem::relative(
+        target, project->Folder().empty() ? target.parent_path() : project->Folder());
     std::u16string itemPath = vb::FromUtf8(relative.string());
     for (auto& c : itemPath)
       if (c == u'/') c = u'\\';
-    files::AddItem(project->File(), ItemKindOf(type_),
-                   (type_ == vbide::vbext_ct_StdModule || type_ == vbide::vbext_ct_ClassModule) ? name_ : u"",
-                   itemPath, project->Codec());
+    files::AddItem(
+        project->File(), ItemKindOf(type_),
+        (type_ == vbide::vbext_ct_StdModule || type_ == vbide::vbext_ct_ClassModule) ? name_ : u"",
+        itemPath, project->Codec());
     project->MarkFileChanged();
   }
   dirty_ = false;
@@ -333,7 +392,8 @@ void Component::Activate() {
   if (designer_) {
     if (!designerWindow_ || !designerWindow_->Alive()) {
       std::u16string caption = project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")";
-      designerWindow_ = std::make_shared<Window>(ide, vbide::vbext_wt_Designer, caption, ide->NewHandle(caption), false);
+      designerWindow_ = std::make_shared<Window>(ide, vbide::vbext_wt_Designer, caption,
+                                                 ide->NewHandle(caption), false);
       ide->WindowList()->Add(designerWindow_);
     }
     designerWindow_->SetVisible(true);
@@ -343,7 +403,8 @@ void Component::Activate() {
   }
   if (ide->ActiveVBProject().get() != project.get()) ide->SetActiveVBProject(project);
   auto self = shared_from_this();
-  ide->Hub().ForComponents(project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemActivated.Raise(self); });
+  ide->Hub().ForComponents(project.get(),
+                           [&](vbide::VBComponentsEvents& e) { e.ItemActivated.Raise(self); });
 }
 
 vbide::WindowPtr Component::DesignerWindow() {

@@ -52,8 +52,8 @@ class Component final : public vbide::VBComponent,
   // A component with code (`module` set) or a resource file / related document (`module` empty,
   // `name` given). `path` is empty for a component never saved.
   Component(std::weak_ptr<Ide> ide, std::weak_ptr<Project> project, vbide::vbext_ComponentType type,
-            std::optional<files::ModuleFile> module, std::u16string name, std::filesystem::path path,
-            std::vector<std::filesystem::path> companions);
+            std::optional<files::ModuleFile> module, std::u16string name,
+            std::filesystem::path path, std::vector<std::filesystem::path> companions);
   void Init();
 
   std::u16string Name() override;

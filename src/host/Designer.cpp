@@ -60,7 +60,8 @@ std::u16string Control::Properties(std::u16string_view name) {
 void Control::SetProperty(std::u16string_view name, std::u16string_view value) {
   Node();
   if (!SameName(name, u"Name"))
-    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"only Name can be set: " + std::u16string(name));
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                              u"only Name can be set: " + std::u16string(name));
   designer_.lock()->Rename(*this, value);
 }
 
@@ -74,7 +75,9 @@ std::vector<std::pair<std::u16string, std::u16string>> Control::PropertyList() {
   return list;
 }
 
-std::u16string Control::ClassName() { return Node().className; }
+std::u16string Control::ClassName() {
+  return Node().className;
+}
 
 bool Control::InSelection() {
   Node();
@@ -107,7 +110,8 @@ vbide::VBControlsPtr Control::Collection() {
 void Control::ZOrder(int position) {
   Node();
   if (position != 0)
-    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"ZOrder position " + vb::FromUtf8(std::to_string(position)));
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                              u"ZOrder position " + vb::FromUtf8(std::to_string(position)));
   designer_.lock()->BringToFront(flatIndex_);
 }
 
@@ -122,7 +126,9 @@ std::vector<vbide::VBControlPtr> Controls::Items() {
   return items;
 }
 
-int Controls::Count() { return static_cast<int>(Items().size()); }
+int Controls::Count() {
+  return static_cast<int>(Items().size());
+}
 
 vbide::VBControlPtr Controls::Item(int index) {
   auto items = Items();
@@ -217,7 +223,8 @@ void Designer::Remove(int flatIndex) {
   auto project = component->OwnerProject();
   int end = SubtreeEnd(flatIndex);
   files::RemoveControl(component->File(), nodes_[flatIndex]->beginLine, project->Codec());
-  std::vector<std::shared_ptr<Control>> removed(controls_.begin() + flatIndex, controls_.begin() + end);
+  std::vector<std::shared_ptr<Control>> removed(controls_.begin() + flatIndex,
+                                                controls_.begin() + end);
   controls_.erase(controls_.begin() + flatIndex, controls_.begin() + end);
   for (auto& c : removed) c->MarkRemoved();
   Reindex();
@@ -225,9 +232,8 @@ void Designer::Remove(int flatIndex) {
   component->MarkChanged();
   auto ide = component->OwnerIde();
   // The removed object stays valid for the handler to hold; using it raises 91.
-  ide->Hub().ForControls(project.get(), this, [&](vbide::VBControlsEvents& e) {
-    e.ItemRemoved.Raise(removed.front());
-  });
+  ide->Hub().ForControls(project.get(), this,
+                         [&](vbide::VBControlsEvents& e) { e.ItemRemoved.Raise(removed.front()); });
   ide->changed.Raise();
 }
 
@@ -245,7 +251,8 @@ void Designer::BringToFront(int flatIndex) {
   }
   if (nodes_[flatIndex]->IsMenu() || insertAt == end) return;
   files::BringControlToFront(component->File(), nodes_[flatIndex]->beginLine, project->Codec());
-  std::vector<std::shared_ptr<Control>> moved(controls_.begin() + flatIndex, controls_.begin() + end);
+  std::vector<std::shared_ptr<Control>> moved(controls_.begin() + flatIndex,
+                                              controls_.begin() + end);
   controls_.erase(controls_.begin() + flatIndex, controls_.begin() + end);
   controls_.insert(controls_.begin() + (insertAt - (end - flatIndex)), moved.begin(), moved.end());
   Reindex();

@@ -20,7 +20,8 @@ class Control final : public vbide::VBControl,
                       public Liveness,
                       public std::enable_shared_from_this<Control> {
  public:
-  Control(std::weak_ptr<Designer> designer, int flatIndex) : designer_(std::move(designer)), flatIndex_(flatIndex) {}
+  Control(std::weak_ptr<Designer> designer, int flatIndex)
+      : designer_(std::move(designer)), flatIndex_(flatIndex) {}
 
   std::u16string Properties(std::u16string_view name) override;
   void SetProperty(std::u16string_view name, std::u16string_view value) override;
@@ -58,7 +59,9 @@ class Controls final : public vbide::VBControls {
   bool selectedOnly_;
 };
 
-class Designer final : public vbide::VBForm, public Liveness, public std::enable_shared_from_this<Designer> {
+class Designer final : public vbide::VBForm,
+                       public Liveness,
+                       public std::enable_shared_from_this<Designer> {
  public:
   explicit Designer(std::weak_ptr<Component> component) : component_(std::move(component)) {}
   void Init();

@@ -35,7 +35,7 @@ class EventHub : public vbide::Events {
  private:
   template <class T>
   struct Narrowed {
-    const void* project;  // null: all projects
+    const void* project;   // null: all projects
     const void* designer;  // null: all designers
     std::weak_ptr<T> source;
   };

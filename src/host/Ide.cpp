@@ -16,20 +16,23 @@ namespace host {
 namespace {
 
 // What the IDE writes for a new project before anything is added to it.
-files::ProjectFile NewProjectFile(std::u16string_view type, std::u16string_view name, const vb::CodePage& codePage) {
-  std::string bytes = "Type=" + vb::ToUtf8(type) + "\r\nStartup=\"(None)\"\r\nCommand32=\"\"\r\nName=\"" +
-                      vb::ToUtf8(name) +
-                      "\"\r\nHelpContextID=\"0\"\r\nCompatibleMode=\"0\"\r\nMajorVer=1\r\nMinorVer=0\r\n"
-                      "RevisionVer=0\r\nAutoIncrementVer=0\r\nServerSupportFiles=0\r\nCompilationType=0\r\n"
-                      "OptimizationType=0\r\nFavorPentiumPro(tm)=0\r\nCodeViewDebugInfo=0\r\nNoAliasing=0\r\n"
-                      "BoundsCheck=0\r\nOverflowCheck=0\r\nFlPointCheck=0\r\nFDIVCheck=0\r\nUnroundedFP=0\r\n"
-                      "StartMode=0\r\nUnattended=0\r\nRetained=0\r\nThreadPerObject=0\r\nMaxNumberOfThreads=1\r\n";
+files::ProjectFile NewProjectFile(std::u16string_view type, std::u16string_view name,
+                                  const vb::CodePage& codePage) {
+  std::string bytes =
+      "Type=" + vb::ToUtf8(type) + "\r\nStartup=\"(None)\"\r\nCommand32=\"\"\r\nName=\"" +
+      vb::ToUtf8(name) +
+      "\"\r\nHelpContextID=\"0\"\r\nCompatibleMode=\"0\"\r\nMajorVer=1\r\nMinorVer=0\r\n"
+      "RevisionVer=0\r\nAutoIncrementVer=0\r\nServerSupportFiles=0\r\nCompilationType=0\r\n"
+      "OptimizationType=0\r\nFavorPentiumPro(tm)=0\r\nCodeViewDebugInfo=0\r\nNoAliasing=0\r\n"
+      "BoundsCheck=0\r\nOverflowCheck=0\r\nFlPointCheck=0\r\nFDIVCheck=0\r\nUnroundedFP=0\r\n"
+      "StartMode=0\r\nUnattended=0\r\nRetained=0\r\nThreadPerObject=0\r\nMaxNumberOfThreads=1\r\n";
   files::Problems ignored;  // our own text: nothing to report
   return files::ReadProject(bytes, codePage, vb::ToUtf8(name), ignored);
 }
 
 // A group file listing `projects` (the first is the start-up project), paths relative to `folder`.
-files::GroupFile NewGroupFile(const std::filesystem::path& folder, const std::vector<std::filesystem::path>& projects,
+files::GroupFile NewGroupFile(const std::filesystem::path& folder,
+                              const std::vector<std::filesystem::path>& projects,
                               const vb::CodePage& codePage) {
   std::string bytes = "VBGROUP 5.0\r\n";
   for (std::size_t i = 0; i < projects.size(); ++i) {
@@ -58,7 +61,8 @@ std::shared_ptr<Ide> Ide::Create(Options options) {
 Ide::Ide(Options options) : options_(std::move(options)) {
   if (!options_.clipboard) options_.clipboard = std::make_shared<vb::Clipboard>();
   if (!vb::CodePage::Find(options_.codePage))
-    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"code page " + vb::FromUtf8(std::to_string(options_.codePage)));
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                              u"code page " + vb::FromUtf8(std::to_string(options_.codePage)));
 }
 
 Ide::~Ide() = default;
@@ -78,19 +82,23 @@ void Ide::Init() {
   std::u16string mainTitle = u"Project1 - Microsoft Visual Basic [design]";
   mainWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_MainWindow, mainTitle,
                                          NewHandle(mainTitle, true), true);
-  projectWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_ProjectWindow,
-                                            u"Project - Project1", NewHandle(u"Project - Project1"), true);
+  projectWindow_ =
+      std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_ProjectWindow,
+                               u"Project - Project1", NewHandle(u"Project - Project1"), true);
   propertiesWindow_ = std::make_shared<Window>(weak_from_this(), vbide::vbext_wt_PropertyWindow,
                                                u"Properties", NewHandle(u"Properties"), true);
   immediate_ = std::make_shared<ImmediateWindow>(weak_from_this(), vbide::vbext_wt_Immediate,
                                                  u"Immediate", NewHandle(u"Immediate"), true);
-  for (auto w : {mainWindow_, projectWindow_, propertiesWindow_, std::shared_ptr<Window>(immediate_)})
+  for (auto w :
+       {mainWindow_, projectWindow_, propertiesWindow_, std::shared_ptr<Window>(immediate_)})
     windows_->Add(w);
 }
 
 // ---- VBE ---------------------------------------------------------------------------------------
 
-vbide::VBProjectsPtr Ide::VBProjects() { return projects_; }
+vbide::VBProjectsPtr Ide::VBProjects() {
+  return projects_;
+}
 
 vbide::VBProjectPtr Ide::ActiveVBProject() {
   auto p = activeProject_.lock();
@@ -121,9 +129,15 @@ void Ide::SetActiveCodePane(const vbide::CodePanePtr& pane) {
   if (auto own = std::dynamic_pointer_cast<CodePane>(pane)) own->Show();
 }
 
-vbide::CodePanesPtr Ide::CodePanes() { return panes_; }
-vbide::WindowsPtr Ide::Windows() { return windows_; }
-vbide::WindowPtr Ide::MainWindow() { return mainWindow_; }
+vbide::CodePanesPtr Ide::CodePanes() {
+  return panes_;
+}
+vbide::WindowsPtr Ide::Windows() {
+  return windows_;
+}
+vbide::WindowPtr Ide::MainWindow() {
+  return mainWindow_;
+}
 
 vbide::WindowPtr Ide::ActiveWindow() {
   if (!focused_ || focused_ == mainWindow_.get()) return nullptr;
@@ -132,9 +146,15 @@ vbide::WindowPtr Ide::ActiveWindow() {
   return nullptr;
 }
 
-vbide::CommandBarsPtr Ide::CommandBars() { return commandBars_; }
-vbide::EventsPtr Ide::Events() { return hub_; }
-vbide::AddinsPtr Ide::Addins() { return addins_; }
+vbide::CommandBarsPtr Ide::CommandBars() {
+  return commandBars_;
+}
+vbide::EventsPtr Ide::Events() {
+  return hub_;
+}
+vbide::AddinsPtr Ide::Addins() {
+  return addins_;
+}
 
 // ---- Files -------------------------------------------------------------------------------------
 
@@ -148,7 +168,8 @@ files::Problems Ide::Open(const std::filesystem::path& file) {
     auto group = files::LoadGroup(absolute, codePage, problems);
     groupPath_ = absolute;
     groupBytesRead_ = files::WriteGroup(group.group);
-    for (std::size_t entry : group.entries) startupFlags.push_back(group.group.projects[entry].startup);
+    for (std::size_t entry : group.entries)
+      startupFlags.push_back(group.group.projects[entry].startup);
     loaded = std::move(group.projects);
   } else {
     loaded.push_back(files::LoadProject(absolute, codePage, problems));
@@ -164,8 +185,10 @@ files::Problems Ide::Open(const std::filesystem::path& file) {
   return problems;
 }
 
-std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded, const vb::CodePage& codePage) {
-  auto project = std::make_shared<Project>(weak_from_this(), std::move(loaded.project), loaded.path, codePage);
+std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded,
+                                               const vb::CodePage& codePage) {
+  auto project =
+      std::make_shared<Project>(weak_from_this(), std::move(loaded.project), loaded.path, codePage);
   project->Init(projects_);
   // Components in the order of the project file's item block, code-bearing or not.
   struct Pending {
@@ -181,15 +204,16 @@ std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded, cons
     const auto& item = project->File().items[p.item];
     std::shared_ptr<Component> component;
     if (p.module) {
-      component = std::make_shared<Component>(weak_from_this(), project, ComponentTypeOf(p.module->module.kind),
-                                              std::move(p.module->module), item.name, p.module->path,
-                                              p.module->companions);
+      component = std::make_shared<Component>(
+          weak_from_this(), project, ComponentTypeOf(p.module->module.kind),
+          std::move(p.module->module), item.name, p.module->path, p.module->companions);
     } else {
-      auto type = item.kind == files::ItemKind::ResFile ? vbide::vbext_ct_ResFile : vbide::vbext_ct_RelatedDocument;
+      auto type = item.kind == files::ItemKind::ResFile ? vbide::vbext_ct_ResFile
+                                                        : vbide::vbext_ct_RelatedDocument;
       std::filesystem::path path = p.document->path.value_or(std::filesystem::path());
       std::u16string name = item.path.substr(item.path.find_last_of(u"\\/") + 1);
-      component = std::make_shared<Component>(weak_from_this(), project, type, std::nullopt, name, path,
-                                              std::vector<std::filesystem::path>());
+      component = std::make_shared<Component>(weak_from_this(), project, type, std::nullopt, name,
+                                              path, std::vector<std::filesystem::path>());
     }
     component->Init();
     project->ComponentList()->Append(component);
@@ -201,9 +225,11 @@ std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded, cons
 
 std::shared_ptr<Project> Ide::NewProject(vbide::vbext_ProjectType type, std::u16string name) {
   static constexpr const char16_t* kTypes[] = {u"Exe", u"OleExe", u"OleDll", u"Control"};
-  files::ProjectFile file = NewProjectFile(kTypes[type], name, *vb::CodePage::Find(options_.codePage));
-  auto project = std::make_shared<Project>(weak_from_this(), std::move(file), std::filesystem::path(),
-                                           *vb::CodePage::Find(options_.codePage));
+  files::ProjectFile file =
+      NewProjectFile(kTypes[type], name, *vb::CodePage::Find(options_.codePage));
+  auto project =
+      std::make_shared<Project>(weak_from_this(), std::move(file), std::filesystem::path(),
+                                *vb::CodePage::Find(options_.codePage));
   project->Init(projects_);
   project->MarkFileChanged();
   projects_->Add(project);
@@ -238,7 +264,8 @@ void Ide::SaveGroupAs(const std::filesystem::path& path) {
   }
   std::vector<std::filesystem::path> paths;
   for (auto& p : projects_->List()) paths.push_back(p->Path());
-  files::WriteFileAtomically(path, files::WriteGroup(NewGroupFile(path.parent_path(), paths, codePage)));
+  files::WriteFileAtomically(path,
+                             files::WriteGroup(NewGroupFile(path.parent_path(), paths, codePage)));
 }
 
 // ---- The user's actions ------------------------------------------------------------------------
@@ -250,7 +277,8 @@ void Ide::SelectComponent(const vbide::VBComponentPtr& component) {
   if (own) {
     auto project = own->OwnerProject();
     if (ActiveVBProject() != project) SetActiveVBProject(project);
-    hub_->ForComponents(project.get(), [&](vbide::VBComponentsEvents& e) { e.ItemSelected.Raise(own); });
+    hub_->ForComponents(project.get(),
+                        [&](vbide::VBComponentsEvents& e) { e.ItemSelected.Raise(own); });
   }
   changed.Raise();
 }
@@ -266,8 +294,10 @@ void Ide::SendKeyStrokes(const std::vector<KeyStroke>& keys) {
 
 void Ide::RegisterAddIn(std::u16string progId) {
   if (addins_->Find(progId)) return;
-  std::u16string description = options_.classes ? options_.classes->AddInDescription(progId) : std::u16string();
-  addins_->Add(std::make_shared<AddIn>(weak_from_this(), std::move(progId), std::move(description)));
+  std::u16string description =
+      options_.classes ? options_.classes->AddInDescription(progId) : std::u16string();
+  addins_->Add(
+      std::make_shared<AddIn>(weak_from_this(), std::move(progId), std::move(description)));
 }
 
 void Ide::ConnectAddIn(std::u16string_view progId, vbide::ext_ConnectMode mode) {
@@ -280,7 +310,8 @@ void Ide::ConnectAddIn(std::u16string_view progId, vbide::ext_ConnectMode mode) 
   auto instance = options_.classes ? options_.classes->CreateAddIn(progId) : nullptr;
   if (!instance) {
     if (options_.reportAddInError)
-      options_.reportAddInError(u"The add-in " + std::u16string(progId) + u" could not be loaded: no such class.");
+      options_.reportAddInError(u"The add-in " + std::u16string(progId) +
+                                u" could not be loaded: no such class.");
     return;
   }
   addIn->Connected(instance, mode);
@@ -330,7 +361,8 @@ std::intptr_t Ide::NewHandle(std::u16string_view title, bool topLevel) {
 }
 
 void Ide::WindowRetitled(std::intptr_t hwnd, std::u16string_view title) {
-  if (options_.windowSystem) options_.windowSystem->SetTitle(static_cast<vb::Hwnd>(hwnd), std::u16string(title));
+  if (options_.windowSystem)
+    options_.windowSystem->SetTitle(static_cast<vb::Hwnd>(hwnd), std::u16string(title));
 }
 
 void Ide::WindowGone(std::intptr_t hwnd) {

@@ -32,9 +32,9 @@ class Addins;
 class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
  public:
   struct Options {
-    std::shared_ptr<vb::Clipboard> clipboard;               // shared with the form engine
-    std::shared_ptr<const vbide::ClassRegistry> classes;    // add-ins and tool-window documents
-    int codePage = 1252;                                    // for files opened from now on
+    std::shared_ptr<vb::Clipboard> clipboard;             // shared with the form engine
+    std::shared_ptr<const vbide::ClassRegistry> classes;  // add-ins and tool-window documents
+    int codePage = 1252;                                  // for files opened from now on
     // When given, the IDE's windows are windows of this window system: FindWindow finds the
     // main window by its title, and a tool window is the parent of its document.
     vb::WindowSystem* windowSystem = nullptr;
@@ -124,7 +124,8 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
  private:
   explicit Ide(Options options);
   void Init();
-  std::shared_ptr<Project> AddLoadedProject(files::LoadedProject loaded, const vb::CodePage& codePage);
+  std::shared_ptr<Project> AddLoadedProject(files::LoadedProject loaded,
+                                            const vb::CodePage& codePage);
 
   Options options_;
   std::shared_ptr<EventHub> hub_;

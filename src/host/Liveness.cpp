@@ -5,6 +5,8 @@
 
 namespace host {
 
-bool SameName(std::u16string_view a, std::u16string_view b) { return vb::EqualsText(a, b); }
+bool SameName(std::u16string_view a, std::u16string_view b) {
+  return vb::EqualsText(a, b);
+}
 
 }  // namespace host

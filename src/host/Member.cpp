@@ -12,14 +12,16 @@ Members::Members(std::vector<MemberInfo> infos) {
 }
 
 vbide::MemberPtr Members::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"member");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"member");
   return items_[index - 1];
 }
 
 vbide::MemberPtr Members::Item(std::u16string_view name) {
   for (auto& m : items_)
     if (SameName(m->Name(), name)) return m;
-  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"no member named " + std::u16string(name));
+  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange,
+                            u"no member named " + std::u16string(name));
 }
 
 }  // namespace host

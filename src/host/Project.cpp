@@ -11,21 +11,25 @@ namespace host {
 // ---- Projects ----------------------------------------------------------------------------------
 
 vbide::VBProjectPtr Projects::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"project");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"project");
   return items_[index - 1];
 }
 
 vbide::VBProjectPtr Projects::Item(std::u16string_view name) {
   for (auto& p : items_)
     if (SameName(p->Name(), name)) return p;
-  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"no project named " + std::u16string(name));
+  throw vb::Error::Standard(vb::err::kSubscriptOutOfRange,
+                            u"no project named " + std::u16string(name));
 }
 
 std::vector<vbide::VBProjectPtr> Projects::Items() {
   return std::vector<vbide::VBProjectPtr>(items_.begin(), items_.end());
 }
 
-vbide::VBEPtr Projects::VBE() { return ide_.lock(); }
+vbide::VBEPtr Projects::VBE() {
+  return ide_.lock();
+}
 
 void Projects::Remove(const Project* project) {
   std::erase_if(items_, [project](auto& p) { return p.get() == project; });
@@ -49,7 +53,8 @@ std::u16string Project::Name() {
 
 void Project::SetName(std::u16string_view name) {
   CheckAlive(What());
-  if (name.empty()) throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty project name");
+  if (name.empty())
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty project name");
   std::u16string oldName = file_.name;
   files::SetProjectName(file_, name, *codePage_);
   fileDirty_ = true;
@@ -80,7 +85,9 @@ bool Project::IsDirty() {
   return false;
 }
 
-std::filesystem::path Project::Folder() const { return path_.parent_path(); }
+std::filesystem::path Project::Folder() const {
+  return path_.parent_path();
+}
 
 void Project::WriteProjectFile(const std::filesystem::path& path) {
   files::WriteFileAtomically(path, files::WriteProject(file_, *codePage_));
@@ -93,8 +100,10 @@ void Project::SaveAs(std::u16string_view fileName) {
   // file, so a failure leaves the project file describing files that exist.
   for (auto& c : components_->List()) {
     if (!c->IsDirty() && !c->Path().empty()) continue;
-    if (c->Path().empty()) c->SaveAs(vb::FromUtf8((target.parent_path() / c->DefaultFileName()).string()));
-    else c->SaveAs(vb::FromUtf8(c->Path().string()));
+    if (c->Path().empty())
+      c->SaveAs(vb::FromUtf8((target.parent_path() / c->DefaultFileName()).string()));
+    else
+      c->SaveAs(vb::FromUtf8(c->Path().string()));
   }
   WriteProjectFile(target);
   path_ = target;

@@ -21,8 +21,10 @@ class IdeKeySink final : public vb::KeySink {
       k.shift = s.shift & kShiftMask;
       k.ctrl = s.shift & kCtrlMask;
       k.alt = s.shift & kAltMask;
-      if (s.character != 0 && !k.ctrl && !k.alt) k.character = s.character;
-      else k.keyCode = s.keyCode;
+      if (s.character != 0 && !k.ctrl && !k.alt)
+        k.character = s.character;
+      else
+        k.keyCode = s.keyCode;
       keys.push_back(k);
     }
     ide->SendKeyStrokes(keys);
@@ -35,15 +37,17 @@ class IdeKeySink final : public vb::KeySink {
 }  // namespace
 
 std::shared_ptr<Ide> CreateIdeFor(const std::shared_ptr<vb::Runtime>& runtime,
-                                  std::shared_ptr<const vbide::ClassRegistry> classes, int codePage) {
+                                  std::shared_ptr<const vbide::ClassRegistry> classes,
+                                  int codePage) {
   auto clipboard = std::make_shared<vb::Clipboard>();
   runtime->SetClipboard(clipboard);
   vb::Runtime* rt = runtime.get();
-  auto ide = Ide::Create({.clipboard = clipboard,
-                          .classes = std::move(classes),
-                          .codePage = codePage,
-                          .windowSystem = &runtime->Windows(),
-                          .reportAddInError = [rt](const std::u16string& text) { rt->MsgBox(text, 16); }});
+  auto ide =
+      Ide::Create({.clipboard = clipboard,
+                   .classes = std::move(classes),
+                   .codePage = codePage,
+                   .windowSystem = &runtime->Windows(),
+                   .reportAddInError = [rt](const std::u16string& text) { rt->MsgBox(text, 16); }});
   runtime->SetKeySink(std::make_shared<IdeKeySink>(ide));
   return ide;
 }

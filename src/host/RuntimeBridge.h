@@ -12,6 +12,7 @@ namespace host {
 
 // Creates an IDE wired to `runtime`. The runtime must outlive the IDE.
 std::shared_ptr<Ide> CreateIdeFor(const std::shared_ptr<vb::Runtime>& runtime,
-                                  std::shared_ptr<const vbide::ClassRegistry> classes, int codePage = 1252);
+                                  std::shared_ptr<const vbide::ClassRegistry> classes,
+                                  int codePage = 1252);
 
 }  // namespace host

@@ -9,7 +9,11 @@ namespace host {
 
 Window::Window(std::weak_ptr<Ide> ide, vbide::vbext_WindowType type, std::u16string caption,
                std::intptr_t hwnd, bool visible)
-    : ide_(std::move(ide)), type_(type), caption_(std::move(caption)), hwnd_(hwnd), visible_(visible) {}
+    : ide_(std::move(ide)),
+      type_(type),
+      caption_(std::move(caption)),
+      hwnd_(hwnd),
+      visible_(visible) {}
 
 std::u16string Window::Caption() {
   CheckAlive(u"window " + caption_);
@@ -146,7 +150,8 @@ void ImmediateWindow::Press(const KeyStroke& key) {
       target = std::min(prevStart + column, LineEnd(text_, prevStart));
     } else if (key.keyCode == kDown) {
       std::size_t end = LineEnd(text_, caret_);
-      std::size_t next = end < text_.size() ? end + (text_.compare(end, 2, u"\r\n") == 0 ? 2 : 1) : end;
+      std::size_t next =
+          end < text_.size() ? end + (text_.compare(end, 2, u"\r\n") == 0 ? 2 : 1) : end;
       if (next != end) target = std::min(next + column, LineEnd(text_, next));
     }
     MoveCaret(target, key.shift);
@@ -169,7 +174,8 @@ void ImmediateWindow::Press(const KeyStroke& key) {
 // ---- Windows -----------------------------------------------------------------------------------
 
 vbide::WindowPtr Windows::Item(int index) {
-  if (index < 1 || index > Count()) throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"window");
+  if (index < 1 || index > Count())
+    throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"window");
   return items_[index - 1];
 }
 

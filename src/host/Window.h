@@ -50,7 +50,7 @@ class Window : public vbide::Window, public Liveness, public std::enable_shared_
 
 // A keystroke as the Immediate window receives it (virtual-key code, or a typed character).
 struct KeyStroke {
-  int keyCode = 0;       // Windows virtual-key code (VK_END 35, VK_HOME 36 ...); 0 for a character
+  int keyCode = 0;  // Windows virtual-key code (VK_END 35, VK_HOME 36 ...); 0 for a character
   char16_t character = 0;
   bool shift = false;
   bool ctrl = false;

@@ -3,6 +3,8 @@
 
 namespace quillmark {
 
-frmNewMember::frmNewMember(mdlMain& main) : Form(main.Rt(), u"frmNewMember"), main_(main) { SetCaption(u"New Member"); }
+frmNewMember::frmNewMember(mdlMain& main) : Form(main.Rt(), u"frmNewMember"), main_(main) {
+  SetCaption(u"New Member");
+}
 
 }  // namespace quillmark

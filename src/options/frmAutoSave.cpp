@@ -3,6 +3,8 @@
 
 namespace quillmark {
 
-frmAutoSave::frmAutoSave(mdlMain& main) : Form(main.Rt(), u"frmAutoSave"), main_(main) { SetCaption(u"Auto-Save"); }
+frmAutoSave::frmAutoSave(mdlMain& main) : Form(main.Rt(), u"frmAutoSave"), main_(main) {
+  SetCaption(u"Auto-Save");
+}
 
 }  // namespace quillmark

@@ -3,6 +3,8 @@
 
 namespace quillmark {
 
-frmOptions::frmOptions(mdlMain& main) : Form(main.Rt(), u"frmOptions"), main_(main) { SetCaption(u"Options"); }
+frmOptions::frmOptions(mdlMain& main) : Form(main.Rt(), u"frmOptions"), main_(main) {
+  SetCaption(u"Options");
+}
 
 }  // namespace quillmark

@@ -6,21 +6,34 @@
 namespace vb {
 
 Error::Error(int number, std::u16string description)
-    : std::runtime_error(ToUtf8(description)), number_(number), description_(std::move(description)) {}
+    : std::runtime_error(ToUtf8(description)),
+      number_(number),
+      description_(std::move(description)) {}
 
 std::u16string Error::StandardDescription(int number) {
   switch (number) {
-    case err::kInvalidProcedureCall: return u"Invalid procedure call or argument";
-    case err::kOverflow: return u"Overflow";
-    case err::kSubscriptOutOfRange: return u"Subscript out of range";
-    case err::kTypeMismatch: return u"Type mismatch";
-    case err::kSubNotDefined: return u"Sub or Function not defined";
-    case err::kFileNotFound: return u"File not found";
-    case err::kPermissionDenied: return u"Permission denied";
-    case err::kPathFileAccess: return u"Path/File access error";
-    case err::kPathNotFound: return u"Path not found";
-    case err::kObjectNotSet: return u"Object variable or With block variable not set";
-    default: return u"Application-defined or object-defined error";
+    case err::kInvalidProcedureCall:
+      return u"Invalid procedure call or argument";
+    case err::kOverflow:
+      return u"Overflow";
+    case err::kSubscriptOutOfRange:
+      return u"Subscript out of range";
+    case err::kTypeMismatch:
+      return u"Type mismatch";
+    case err::kSubNotDefined:
+      return u"Sub or Function not defined";
+    case err::kFileNotFound:
+      return u"File not found";
+    case err::kPermissionDenied:
+      return u"Permission denied";
+    case err::kPathFileAccess:
+      return u"Path/File access error";
+    case err::kPathNotFound:
+      return u"Path not found";
+    case err::kObjectNotSet:
+      return u"Object variable or With block variable not set";
+    default:
+      return u"Application-defined or object-defined error";
   }
 }
 

@@ -9,16 +9,16 @@ namespace vb {
 
 // Run-time error numbers used across the system. The numbers are VB's own.
 namespace err {
-inline constexpr int kInvalidProcedureCall = 5;   // "Invalid procedure call or argument"
-inline constexpr int kOverflow = 6;               // "Overflow"
-inline constexpr int kSubscriptOutOfRange = 9;    // "Subscript out of range"
-inline constexpr int kTypeMismatch = 13;          // "Type mismatch"
-inline constexpr int kSubNotDefined = 35;         // "Sub or Function not defined"
-inline constexpr int kFileNotFound = 53;          // "File not found"
-inline constexpr int kPermissionDenied = 70;      // "Permission denied"
-inline constexpr int kPathFileAccess = 75;        // "Path/File access error"
-inline constexpr int kPathNotFound = 76;          // "Path not found"
-inline constexpr int kObjectNotSet = 91;          // "Object variable or With block variable not set"
+inline constexpr int kInvalidProcedureCall = 5;  // "Invalid procedure call or argument"
+inline constexpr int kOverflow = 6;              // "Overflow"
+inline constexpr int kSubscriptOutOfRange = 9;   // "Subscript out of range"
+inline constexpr int kTypeMismatch = 13;         // "Type mismatch"
+inline constexpr int kSubNotDefined = 35;        // "Sub or Function not defined"
+inline constexpr int kFileNotFound = 53;         // "File not found"
+inline constexpr int kPermissionDenied = 70;     // "Permission denied"
+inline constexpr int kPathFileAccess = 75;       // "Path/File access error"
+inline constexpr int kPathNotFound = 76;         // "Path not found"
+inline constexpr int kObjectNotSet = 91;         // "Object variable or With block variable not set"
 }  // namespace err
 
 class Error : public std::runtime_error {

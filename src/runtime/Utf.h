@@ -14,6 +14,8 @@ std::string ToUtf8(std::u16string_view text);
 std::u16string FromUtf8(std::string_view text);
 
 // A file-system path (UTF-8 on our platforms) from a VB string.
-inline std::string PathFromVb(std::u16string_view text) { return ToUtf8(text); }
+inline std::string PathFromVb(std::u16string_view text) {
+  return ToUtf8(text);
+}
 
 }  // namespace vb

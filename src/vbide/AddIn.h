@@ -13,7 +13,7 @@ class Addins {
  public:
   virtual ~Addins() = default;
   virtual int Count() = 0;
-  virtual AddInPtr Item(int index) = 0;  // 1-based
+  virtual AddInPtr Item(int index) = 0;                   // 1-based
   virtual AddInPtr Item(std::u16string_view progId) = 0;  // raises 9 when absent
   virtual std::vector<AddInPtr> Items() = 0;
 };

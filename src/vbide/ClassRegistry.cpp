@@ -9,7 +9,8 @@ namespace {
 bool SameName(std::u16string_view a, std::u16string_view b) {
   auto lower = [](char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c; };
   return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [&](char16_t x, char16_t y) { return lower(x) == lower(y); });
+         std::equal(a.begin(), a.end(), b.begin(),
+                    [&](char16_t x, char16_t y) { return lower(x) == lower(y); });
 }
 
 }  // namespace
@@ -40,7 +41,9 @@ std::shared_ptr<vb::UserDocument> ClassRegistry::CreateDocument(std::u16string_v
   return nullptr;
 }
 
-bool ClassRegistry::HasAddIn(std::u16string_view progId) const { return FindAddIn(progId) != nullptr; }
+bool ClassRegistry::HasAddIn(std::u16string_view progId) const {
+  return FindAddIn(progId) != nullptr;
+}
 
 std::u16string ClassRegistry::AddInDescription(std::u16string_view progId) const {
   auto* c = FindAddIn(progId);

@@ -15,7 +15,7 @@ class CommandBars {
  public:
   virtual ~CommandBars() = default;
   virtual int Count() = 0;
-  virtual CommandBarPtr Item(int index) = 0;  // 1-based
+  virtual CommandBarPtr Item(int index) = 0;                 // 1-based
   virtual CommandBarPtr Item(std::u16string_view name) = 0;  // raises 9 when absent
   virtual std::vector<CommandBarPtr> Items() = 0;
   // A new, empty, visible toolbar.
@@ -56,7 +56,7 @@ class CommandBarControls {
 class CommandBarControl {
  public:
   virtual ~CommandBarControl() = default;
-  virtual int Type() = 0;  // MsoControlType
+  virtual int Type() = 0;                // MsoControlType
   virtual std::u16string Caption() = 0;  // "&" marks the access key
   virtual void SetCaption(std::u16string_view caption) = 0;
   virtual bool BeginGroup() = 0;  // a separator line before the control

@@ -53,7 +53,8 @@ class Event {
     state_->slots.push_back({id, std::make_shared<Handler>(std::move(handler))});
     std::weak_ptr<State> weak = state_;
     return Subscription([weak, id] {
-      if (auto state = weak.lock()) std::erase_if(state->slots, [id](auto& s) { return s.id == id; });
+      if (auto state = weak.lock())
+        std::erase_if(state->slots, [id](auto& s) { return s.id == id; });
     });
   }
 

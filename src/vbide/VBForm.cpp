@@ -12,7 +12,8 @@ int VBControl::Index() {
     ++i;
   }
   int value = 0;
-  for (; i < text.size() && text[i] >= u'0' && text[i] <= u'9'; ++i) value = value * 10 + (text[i] - u'0');
+  for (; i < text.size() && text[i] >= u'0' && text[i] <= u'9'; ++i)
+    value = value * 10 + (text[i] - u'0');
   return sign * value;
 }
 

@@ -28,7 +28,8 @@ struct Reopened {
     });
   }
   void Note(const std::string& name, bool visible) {
-    if (visible && std::find(order.begin(), order.end(), name) == order.end()) order.push_back(name);
+    if (visible && std::find(order.begin(), order.end(), name) == order.end())
+      order.push_back(name);
   }
 };
 
@@ -70,8 +71,10 @@ TEST(Connection, AVisibleValueOfFiveShowsTheSearchDialogOnlyWhenConnectedLater) 
     AddinWorld w;
     w.Store(u"frmSearch", u"Visible", u"5");
     w.Store(u"Search Results", u"Visible", u"5");
-    if (atStartup) w.ConnectAtStartup();
-    else w.ConnectLater();
+    if (atStartup)
+      w.ConnectAtStartup();
+    else
+      w.ConnectLater();
     // Non-zero is enough later; at start-up only exactly -1 reopens it.
     EXPECT_EQ(w.Main().gfrmSearch->Visible(), !atStartup) << atStartup;
     // The tool windows want -1 on both paths.
@@ -93,7 +96,8 @@ TEST(Connection, AFreshUserGetsNoWindowsAndNoAutoSave) {
 }
 
 TEST(Connection, AutoSaveIsOnOnlyForTheExactTextOne) {
-  for (auto [value, on] : std::vector<std::pair<const char16_t*, bool>>{{u"1", true}, {u"-1", false}, {u"True", false}}) {
+  for (auto [value, on] : std::vector<std::pair<const char16_t*, bool>>{
+           {u"1", true}, {u"-1", false}, {u"True", false}}) {
     AddinWorld w;
     w.Store(u"Options", u"AutoSave", value);
     w.ConnectLater();
@@ -116,7 +120,8 @@ TEST(Connection, ASecondShowListViewMakesNoSecondWindow) {
   EXPECT_EQ(w.ide->Windows()->Count(), count);
   EXPECT_TRUE(window->Visible());
   EXPECT_EQ(window->Caption(), u"Component Viewer");
-  EXPECT_EQ(std::static_pointer_cast<host::Window>(window)->PersistentId(), u"{F64C3128-E03B-11D1-9FFE-00A024C50477}");
+  EXPECT_EQ(std::static_pointer_cast<host::Window>(window)->PersistentId(),
+            u"{F64C3128-E03B-11D1-9FFE-00A024C50477}");
 }
 
 TEST(Connection, ShowAndHideIgnoreErrorsOfTheIde) {
@@ -169,7 +174,7 @@ TEST(Connection, AFailureIsReportedAndTheAddinStaysWithWhatWasBuilt) {
   EXPECT_EQ(boxes[0].title, u"QuillmarkTools::OnConnection");
   EXPECT_EQ(boxes[0].style, 48);
   EXPECT_NE(boxes[0].prompt.find(u"Tools"), std::u16string::npos);
-  EXPECT_NE(w.Main().gfrmSearch, nullptr);   // built before the failing step
+  EXPECT_NE(w.Main().gfrmSearch, nullptr);    // built before the failing step
   EXPECT_EQ(w.Main().gfrmAutoSave, nullptr);  // after it
   EXPECT_EQ(w.Addin()->Toolbar(), nullptr);
 }

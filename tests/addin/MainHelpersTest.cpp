@@ -29,18 +29,21 @@ TEST(Fields, CountAndGetFollowTheirRules) {
       {u"", u"|", 1, {u"", u"", u"", u""}},
       {u"a||b", u"|", 3, {u"a", u"", u"b", u""}},
       {u"M||Refresh||1", u"||", 3, {u"M", u"Refresh", u"1", u""}},
-      {u"|||", u"||", 2, {u"", u"|", u"", u""}},  // non-overlapping, resumed after each match
+      {u"|||", u"||", 2, {u"", u"|", u"", u""}},      // non-overlapping, resumed after each match
       {u"aXbxc", u"x", 2, {u"aXb", u"c", u"", u""}},  // case-sensitive
   };
   for (auto& c : cases) {
     EXPECT_EQ(CountFields(c.text, c.delimiter), c.count) << vb::ToUtf8(c.text);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(GetField(c.text, static_cast<std::int16_t>(i), c.delimiter), c.fields[i]);
+    for (int i = 0; i < 4; ++i)
+      EXPECT_EQ(GetField(c.text, static_cast<std::int16_t>(i), c.delimiter), c.fields[i]);
   }
 }
 
 TEST(Fields, IsNotIntrinsicIsALooseSubstringTest) {
-  for (auto name : {u"Long", u"string", u"Int", u"ouble", u"Date", u"g|C"}) EXPECT_FALSE(quillmark::IsNotIntrinsic(name));
-  for (auto name : {u"Object", u"Collection", u"TextBox", u"CInvoice"}) EXPECT_TRUE(quillmark::IsNotIntrinsic(name));
+  for (auto name : {u"Long", u"string", u"Int", u"ouble", u"Date", u"g|C"})
+    EXPECT_FALSE(quillmark::IsNotIntrinsic(name));
+  for (auto name : {u"Object", u"Collection", u"TextBox", u"CInvoice"})
+    EXPECT_TRUE(quillmark::IsNotIntrinsic(name));
 }
 
 TEST(TypeList, AddsClassesFormsAndDocumentsOfTheActiveProjectOnly) {
@@ -56,12 +59,15 @@ TEST(TypeList, AddsClassesFormsAndDocumentsOfTheActiveProjectOnly) {
                    .Class(u"CItem"));
   w.ConnectLater();
   EXPECT_EQ(w.Main().gTypeList,
-            u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant|CInvoice|frmMain|docStatement|mdiMain");
+            u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant|CInvoice|"
+            u"frmMain|docStatement|mdiMain");
   // Selecting a component of the other project makes it active: the list follows.
   w.ide->SelectComponent(w.ide->VBProjects()->Item(2)->VBComponents()->Item(1));
-  EXPECT_EQ(w.Main().gTypeList, u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant|CItem");
+  EXPECT_EQ(w.Main().gTypeList,
+            u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant|CItem");
   quillmark::RefreshTypeList(w.Main(), false);
-  EXPECT_EQ(w.Main().gTypeList, u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant");
+  EXPECT_EQ(w.Main().gTypeList,
+            u"Byte|Boolean|Integer|Long|Currency|Single|Double|Date|String|Variant");
 }
 
 class frmPlaced : public vb::Form {
@@ -129,7 +135,9 @@ TEST(WindowCalls, FullRowSelectSetsTheBitAndAltLettersGoToTheMainFrame) {
   w.ConnectLater();
   docColumns doc(*w.runtime);
   quillmark::SetFullRowSelect(w.Main(), doc.lvw.hWnd());
-  EXPECT_EQ(w.runtime->Windows().SendMessage(doc.lvw.hWnd(), vb::kLvmGetExtendedListViewStyle, 0, 0) & 32, 32);
+  EXPECT_EQ(
+      w.runtime->Windows().SendMessage(doc.lvw.hWnd(), vb::kLvmGetExtendedListViewStyle, 0, 0) & 32,
+      32);
 
   w.Addin()->ShowListView();
   auto document = std::static_pointer_cast<host::Window>(w.Main().gwinListView)->Document();

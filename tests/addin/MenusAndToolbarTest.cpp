@@ -5,9 +5,9 @@
 #include "QuillmarkResources.h"
 #include "host/CommandBars.h"
 #include "runtime/Resources.h"
+#include "runtime/Utf.h"
 #include "search/frmSearch.h"
 #include "support/AddinWorld.h"
-#include "runtime/Utf.h"
 #include "vbide/CommandBars.h"
 
 namespace {
@@ -37,12 +37,13 @@ TEST(Menu, SitsOnTheToolsMenuWithItsSixItems) {
   auto tools = w.ide->CommandBars()->Item(u"Tools")->Controls();
   EXPECT_EQ(tools->Item(tools->Count()), popup);
   EXPECT_EQ(popup->Caption(), u"&Quillmark Tools");
-  EXPECT_EQ(ItemsOf(popup->Controls()), (std::vector<Item>{{u"&Component Viewer", false, true},
-                                                           {u"&Visual Search and Replace", true, true},
-                                                           {u"Close All &Windows", true, true},
-                                                           {u"Clear &Debug Window", false, true},
-                                                           {u"&Options...", true, false},
-                                                           {u"&About Quillmark Tools", false, false}}));
+  EXPECT_EQ(ItemsOf(popup->Controls()),
+            (std::vector<Item>{{u"&Component Viewer", false, true},
+                               {u"&Visual Search and Replace", true, true},
+                               {u"Close All &Windows", true, true},
+                               {u"Clear &Debug Window", false, true},
+                               {u"&Options...", true, false},
+                               {u"&About Quillmark Tools", false, false}}));
 }
 
 TEST(Menu, FacesAreTheResourcePictures) {
@@ -51,7 +52,9 @@ TEST(Menu, FacesAreTheResourcePictures) {
   vb::Resources resources;
   quillmark::RegisterQuillmarkResources(resources);
   auto items = w.Addin()->MenuPopup()->Controls();
-  auto face = [&](int i) { return *std::static_pointer_cast<host::CommandBarButton>(items->Item(i))->Face(); };
+  auto face = [&](int i) {
+    return *std::static_pointer_cast<host::CommandBarButton>(items->Item(i))->Face();
+  };
   EXPECT_EQ(face(1), resources.LoadResPicture(107));
   EXPECT_EQ(face(2), resources.LoadResPicture(101));
   EXPECT_EQ(face(3), resources.LoadResPicture(104));
@@ -182,7 +185,8 @@ TEST(SearchBox, TypedTextIsInsertedAgainPickedTextMovesToTheTop) {
   box->Pick(2);  // "Customer" picked: moves to the top
   EXPECT_EQ(ListOf(box), (std::vector<std::u16string>{u"Customer", u"Total", u"Total"}));
   EXPECT_EQ(box->ListIndex(), 1);
-  EXPECT_EQ(w.settings->GetSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u""), u"Customer");
+  EXPECT_EQ(w.settings->GetSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u""),
+            u"Customer");
   ASSERT_NE(w.Main().gwinResults, nullptr);  // every toolbar search shows the results window
   EXPECT_TRUE(w.Main().gwinResults->Visible());
 }

@@ -22,7 +22,11 @@ std::vector<int> Types(AddinWorld& w) {
 }
 
 TEST(CloseAllWindows, ClosesCodeAndDesignerWindowsOnly) {
-  AddinWorld w(IdeBuilder().Project(u"Billing").Module(u"modA", u"x = 1").Form(u"frmMain").Class(u"CItem", u"y = 2"));
+  AddinWorld w(IdeBuilder()
+                   .Project(u"Billing")
+                   .Module(u"modA", u"x = 1")
+                   .Form(u"frmMain")
+                   .Class(u"CItem", u"y = 2"));
   w.ConnectLater();
   w.Addin()->ShowResults();
   auto components = w.ide->VBProjects()->Item(1)->VBComponents();
@@ -84,7 +88,8 @@ TEST_F(AboutBox, NoRegisteredBrowserSaysSoAndDeletesTheTemporaryPage) {
   ClickLink();
   auto& boxes = world.runtime->MessageBoxService().Transcript();
   ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0], (vb::MsgBoxRecord{u"Could not find associated Browser", 48, u"Browser Not Found", 1}));
+  EXPECT_EQ(boxes[0],
+            (vb::MsgBoxRecord{u"Could not find associated Browser", 48, u"Browser Not Found", 1}));
   EXPECT_EQ(world.shell->calls.front().file, u"/opt/quillmark/qthtml.htm");
   EXPECT_TRUE(world.files->files.empty());
   EXPECT_TRUE(about->IsLoaded());

@@ -25,9 +25,11 @@ TEST(Tour, ShowsTheMenuTheToolbarAndTheSettingsWrittenInTheFolderGiven) {
   qmtest::TempFolder home;
   Result r = Quillmark({"tour", "--config-dir", home.Path().string()});
   ASSERT_EQ(r.status, 0) << r.err;
-  for (auto text : {"Tools menu: &Quillmark Tools", "&Visual Search and Replace  (face)", "&About Quillmark Tools\n",
-                    "Toolbar: Quillmark Tools (floating, left 200, top 200, visible)", "[search box, 150 pixels wide",
-                    "[Quillmark Tools] CommandBar / Visible = True", "[Quillmark Tools] frmSearch / Visible = 0"})
+  for (auto text : {"Tools menu: &Quillmark Tools", "&Visual Search and Replace  (face)",
+                    "&About Quillmark Tools\n",
+                    "Toolbar: Quillmark Tools (floating, left 200, top 200, visible)",
+                    "[search box, 150 pixels wide", "[Quillmark Tools] CommandBar / Visible = True",
+                    "[Quillmark Tools] frmSearch / Visible = 0"})
     EXPECT_NE(r.out.find(text), std::string::npos) << text << "\n" << r.out;
   EXPECT_TRUE(std::filesystem::exists(home.Path() / "settings" / "Quillmark Tools.ini"));
 

@@ -77,7 +77,8 @@ TEST(CodeModuleEdits, DeleteAndReplaceWorkOnWholeLines) {
 }
 
 TEST(CodeModuleEdits, AddFromStringGoesRightAfterTheDeclarations) {
-  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Module(u"modEmpty", u"Option Explicit").Build();
+  auto ide =
+      IdeBuilder().Module(u"modOrders", kOrders).Module(u"modEmpty", u"Option Explicit").Build();
   auto m = ModuleOf(ide, u"modOrders");
   ASSERT_EQ(m->CountOfDeclarationLines(), 2);
   m->AddFromString(u"Public Sub Clear()\r\n\r\nEnd Sub");

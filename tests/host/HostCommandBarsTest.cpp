@@ -2,9 +2,9 @@
 // clipboard, combo boxes and the clicks they raise.
 #include <gtest/gtest.h>
 
+#include "runtime/Utf.h"
 #include "support/IdeBuilder.h"
 #include "vbide/CommandBars.h"
-#include "runtime/Utf.h"
 #include "vbide/Events.h"
 
 namespace {
@@ -26,12 +26,14 @@ TEST(CommandBars, HaveTheIdesMenusReachableByNameWithoutAccessKeys) {
   auto menuBar = bars->Item(u"Menu Bar");
   std::vector<std::u16string> captions;
   for (auto& c : menuBar->Controls()->Items()) captions.push_back(c->Caption());
-  EXPECT_EQ(captions, (std::vector<std::u16string>{u"&File", u"&Edit", u"&View", u"&Project", u"F&ormat",
-                                                  u"&Debug", u"&Run", u"&Tools", u"&Add-Ins", u"&Window", u"&Help"}));
+  EXPECT_EQ(captions, (std::vector<std::u16string>{u"&File", u"&Edit", u"&View", u"&Project",
+                                                   u"F&ormat", u"&Debug", u"&Run", u"&Tools",
+                                                   u"&Add-Ins", u"&Window", u"&Help"}));
   auto tools = bars->Item(u"tools");
   EXPECT_EQ(tools->Name(), u"Tools");
   EXPECT_EQ(menuBar->Controls()->Item(8)->CommandBar(), tools);  // the popup's own bar
-  for (auto name : {u"Standard", u"Edit", u"Debug", u"Form Editor"}) EXPECT_NO_THROW(bars->Item(name));
+  for (auto name : {u"Standard", u"Edit", u"Debug", u"Form Editor"})
+    EXPECT_NO_THROW(bars->Item(name));
   EXPECT_EQ(ErrorNumber([&] { bars->Item(u"Quillmark"); }), 9);
 }
 
@@ -79,7 +81,8 @@ TEST(CommandBarControls, PopupsHoldControlsAndFacesComeFromTheClipboard) {
 TEST(CommandBarComboBox, ListPositionsCountFromOneAndTypedTextHasIndexZero) {
   auto ide = IdeBuilder().Build();
   auto bar = ide->CommandBars()->Add(u"Find");
-  auto combo = std::dynamic_pointer_cast<vbide::CommandBarComboBox>(bar->Controls()->Add(vbide::msoControlComboBox));
+  auto combo = std::dynamic_pointer_cast<vbide::CommandBarComboBox>(
+      bar->Controls()->Add(vbide::msoControlComboBox));
   ASSERT_NE(combo, nullptr);
   combo->AddItem(u"beta");
   combo->AddItem(u"alpha", 1);
@@ -101,11 +104,13 @@ TEST(CommandBarEvents, ClicksReachEveryLiveSinkOfThatControlOnly) {
   auto bar = ide->CommandBars()->Add(u"Find");
   auto button = bar->Controls()->Add(vbide::msoControlButton);
   auto other = bar->Controls()->Add(vbide::msoControlButton);
-  auto combo = std::static_pointer_cast<host::CommandBarComboBox>(bar->Controls()->Add(vbide::msoControlComboBox));
+  auto combo = std::static_pointer_cast<host::CommandBarComboBox>(
+      bar->Controls()->Add(vbide::msoControlComboBox));
   std::vector<std::u16string> clicks;
   auto buttonEvents = ide->Events()->CommandBarEvents(button);
   auto comboEvents = ide->Events()->CommandBarEvents(combo);
-  auto s1 = buttonEvents->Click.Subscribe([&](vbide::CommandBarControlPtr, bool&, bool&) { clicks.push_back(u"button"); });
+  auto s1 = buttonEvents->Click.Subscribe(
+      [&](vbide::CommandBarControlPtr, bool&, bool&) { clicks.push_back(u"button"); });
   auto s2 = comboEvents->Click.Subscribe([&](vbide::CommandBarControlPtr c, bool&, bool&) {
     auto box = std::dynamic_pointer_cast<vbide::CommandBarComboBox>(c);
     clicks.push_back(box->Text() + u"@" + vb::FromUtf8(std::to_string(box->ListIndex())));

@@ -61,7 +61,12 @@ TEST(Projects, RenameFiresAfterTheNewNameIsSet) {
 }
 
 TEST(Components, KeepProjectOrderAndTellWhetherTheyHoldCode) {
-  auto ide = IdeBuilder().Project(u"Billing").Module(u"modMain").Class(u"Invoice").Form(u"frmMain").Build();
+  auto ide = IdeBuilder()
+                 .Project(u"Billing")
+                 .Module(u"modMain")
+                 .Class(u"Invoice")
+                 .Form(u"frmMain")
+                 .Build();
   auto components = ide->VBProjects()->Item(1)->VBComponents();
   ASSERT_EQ(components->Count(), 3);
   EXPECT_EQ(components->Item(1)->Name(), u"modMain");
@@ -75,11 +80,16 @@ TEST(Components, KeepProjectOrderAndTellWhetherTheyHoldCode) {
 }
 
 TEST(Components, ActivateShowsTheDesignerOrTheCodeAndFiresActivated) {
-  auto ide = IdeBuilder().Project(u"Billing").Module(u"modMain", u"Sub Main()\nEnd Sub").Form(u"frmMain").Build();
+  auto ide = IdeBuilder()
+                 .Project(u"Billing")
+                 .Module(u"modMain", u"Sub Main()\nEnd Sub")
+                 .Form(u"frmMain")
+                 .Build();
   auto components = ide->VBProjects()->Item(1)->VBComponents();
   std::vector<std::u16string> activated;
   auto sink = ide->Events()->VBComponentsEvents(nullptr);
-  auto subscription = sink->ItemActivated.Subscribe([&](vbide::VBComponentPtr c) { activated.push_back(c->Name()); });
+  auto subscription = sink->ItemActivated.Subscribe(
+      [&](vbide::VBComponentPtr c) { activated.push_back(c->Name()); });
 
   components->Item(u"frmMain")->Activate();
   auto designerWindow = components->Item(u"frmMain")->DesignerWindow();
@@ -97,12 +107,15 @@ TEST(Components, ActivateShowsTheDesignerOrTheCodeAndFiresActivated) {
 }
 
 TEST(Components, SelectionInTheProjectWindowFiresSelectedAndActivatesTheProject) {
-  auto ide = IdeBuilder().Project(u"Billing").Module(u"modA").Project(u"Stock").Module(u"modB").Build();
+  auto ide =
+      IdeBuilder().Project(u"Billing").Module(u"modA").Project(u"Stock").Module(u"modB").Build();
   std::vector<std::u16string> events;
   auto components = ide->Events()->VBComponentsEvents(nullptr);
   auto projects = ide->Events()->VBProjectsEvents();
-  auto s1 = components->ItemSelected.Subscribe([&](vbide::VBComponentPtr c) { events.push_back(u"selected " + c->Name()); });
-  auto s2 = projects->ItemActivated.Subscribe([&](vbide::VBProjectPtr p) { events.push_back(u"activated " + p->Name()); });
+  auto s1 = components->ItemSelected.Subscribe(
+      [&](vbide::VBComponentPtr c) { events.push_back(u"selected " + c->Name()); });
+  auto s2 = projects->ItemActivated.Subscribe(
+      [&](vbide::VBProjectPtr p) { events.push_back(u"activated " + p->Name()); });
   ide->SelectComponent(ide->VBProjects()->Item(2)->VBComponents()->Item(1));
   EXPECT_EQ(ide->SelectedVBComponent()->Name(), u"modB");
   EXPECT_EQ(ide->ActiveVBProject()->Name(), u"Stock");
@@ -114,7 +127,8 @@ TEST(Events, AddedAndRemovedFireWithTheCollectionAlreadyChanged) {
   auto project = ide->VBProjects()->Item(1);
   auto sink = ide->Events()->VBComponentsEvents(project);
   int countSeenOnAdd = -1, countSeenOnRemove = -1, removedError = 0;
-  auto s1 = sink->ItemAdded.Subscribe([&](vbide::VBComponentPtr) { countSeenOnAdd = project->VBComponents()->Count(); });
+  auto s1 = sink->ItemAdded.Subscribe(
+      [&](vbide::VBComponentPtr) { countSeenOnAdd = project->VBComponents()->Count(); });
   auto s2 = sink->ItemRemoved.Subscribe([&](vbide::VBComponentPtr c) {
     countSeenOnRemove = project->VBComponents()->Count();
     removedError = ErrorNumber([&] { c->Name(); });

@@ -14,7 +14,8 @@ namespace {
 using qmtest::TempFolder;
 
 const std::string kVbp =
-    "Type=Exe\r\nForm=frmOrder.frm\r\nModule=modCalc; modCalc.bas\r\nStartup=\"frmOrder\"\r\nName=\"Orders\"\r\n";
+    "Type=Exe\r\nForm=frmOrder.frm\r\nModule=modCalc; "
+    "modCalc.bas\r\nStartup=\"frmOrder\"\r\nName=\"Orders\"\r\n";
 // LF line ends, a member attribute under Total, no final terminator.
 const std::string kBas =
     "Attribute VB_Name = \"modCalc\"\nOption Explicit\nPublic Function Total() As Long\n"
@@ -51,10 +52,11 @@ TEST(Saving, AnEditedModuleKeepsItsHiddenLinesLineEndsAndMissingFinalBreak) {
   w.project->SaveAs(vb::FromUtf8((w.folder.Path() / "Orders.vbp").string()));
   EXPECT_FALSE(w.project->IsDirty());
   // The new line ends in CR LF; every other line keeps its LF; the attribute stays under Total.
-  EXPECT_EQ(w.Read("modCalc.bas"),
-            "Attribute VB_Name = \"modCalc\"\nOption Explicit\nPrivate mCount As Long\r\n"
-            "Public Function Total() As Long\nAttribute Total.VB_Description = \"Sum of the lines\"\n"
-            "    Total = 42\nEnd Function");
+  EXPECT_EQ(
+      w.Read("modCalc.bas"),
+      "Attribute VB_Name = \"modCalc\"\nOption Explicit\nPrivate mCount As Long\r\n"
+      "Public Function Total() As Long\nAttribute Total.VB_Description = \"Sum of the lines\"\n"
+      "    Total = 42\nEnd Function");
   EXPECT_EQ(w.Read("frmOrder.frm"), kFrm);  // untouched
   EXPECT_EQ(w.Read("Orders.vbp"), kVbp);
 }
@@ -63,7 +65,9 @@ TEST(Saving, DeletingADeclarationTakesItsAttributeAlong) {
   Loaded w;
   auto module = w.project->VBComponents()->Item(u"modCalc")->CodeModule();
   module->DeleteLines(2, 3);  // the whole function
-  w.project->VBComponents()->Item(u"modCalc")->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
+  w.project->VBComponents()
+      ->Item(u"modCalc")
+      ->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
   EXPECT_EQ(w.Read("modCalc.bas"), "Attribute VB_Name = \"modCalc\"\nOption Explicit");
 }
 
@@ -86,7 +90,8 @@ TEST(Saving, AFailedSaveRaisesWithThePathAndLeavesTheOldFile) {
   Loaded w;
   auto component = w.project->VBComponents()->Item(u"modCalc");
   component->CodeModule()->ReplaceLine(2, u"' changed");
-  std::filesystem::create_directories(w.folder.Path() / "taken.bas");  // a folder where the file should go
+  std::filesystem::create_directories(w.folder.Path() /
+                                      "taken.bas");  // a folder where the file should go
   try {
     component->SaveAs(vb::FromUtf8((w.folder.Path() / "taken.bas").string()));
     FAIL() << "the save should fail";
@@ -106,7 +111,8 @@ TEST(Saving, TextTheCodePageCannotHoldIsRefusedNotTurnedIntoQuestionMarks) {
     component->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
     FAIL() << "the save should be refused";
   } catch (const vb::Error& e) {
-    EXPECT_NE(e.Description().find(u"2 character(s) cannot be written in code page 1252"), std::u16string::npos);
+    EXPECT_NE(e.Description().find(u"2 character(s) cannot be written in code page 1252"),
+              std::u16string::npos);
   }
   EXPECT_EQ(w.Read("modCalc.bas"), kBas);
   EXPECT_TRUE(component->IsDirty());
@@ -124,10 +130,14 @@ TEST(Designers, ListControlsInOrderAndRaiseEventsForRenameAndRemove) {
 
   std::vector<std::u16string> seen;
   auto events = w.ide->Events()->VBControlsEvents(nullptr, designer);
-  auto s1 = events->ItemRenamed.Subscribe([&](vbide::VBControlPtr c, std::u16string old, int oldIndex) {
-    seen.push_back(old + u"->" + c->Name() + u"/" + vb::FromUtf8(std::to_string(oldIndex)));
+  auto s1 =
+      events->ItemRenamed.Subscribe([&](vbide::VBControlPtr c, std::u16string old, int oldIndex) {
+        seen.push_back(old + u"->" + c->Name() + u"/" + vb::FromUtf8(std::to_string(oldIndex)));
+      });
+  auto s2 = events->ItemRemoved.Subscribe([&](vbide::VBControlPtr c) {
+    seen.push_back(u"removed");
+    (void)c;
   });
-  auto s2 = events->ItemRemoved.Subscribe([&](vbide::VBControlPtr c) { seen.push_back(u"removed"); (void)c; });
   auto ok = controls->Item(1);
   ok->SetProperty(u"Name", u"cmdAccept");
   controls->Item(1)->ControlObject()->ZOrder(0);  // cmdAccept goes on top: after txtQty

@@ -2,8 +2,8 @@
 // window's keystrokes and tool windows created from registered documents.
 #include <gtest/gtest.h>
 
-#include "support/IdeBuilder.h"
 #include "runtime/Runtime.h"
+#include "support/IdeBuilder.h"
 #include "vbide/ClassRegistry.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
@@ -40,7 +40,7 @@ TEST(CodePanes, ShowMakesThePaneActiveAndSelectionsAreCheckedAgainstTheText) {
   auto ide = IdeBuilder().Module(u"modA", u"Dim x As Long\nx = Count + 1").Build();
   auto module = ide->VBProjects()->Item(1)->VBComponents()->Item(1)->CodeModule();
   auto pane = module->CodePane();
-  EXPECT_EQ(module->CodePane(), pane);  // one pane per module
+  EXPECT_EQ(module->CodePane(), pane);      // one pane per module
   EXPECT_FALSE(pane->Window()->Visible());  // created hidden, on first use
   EXPECT_EQ(ide->ActiveCodePane(), nullptr);
   pane->Show();
@@ -99,11 +99,13 @@ TEST(ImmediateWindow, TakesKeystrokesOnlyWhileItHasTheFocus) {
   EXPECT_EQ(ide->ActiveWindow(), immediate);
   // Ctrl+End, Shift+Ctrl+Home, Delete: what "Clear Debug Window" sends.
   ide->SendKeyStrokes({KeyStroke{.keyCode = 35, .ctrl = true},
-                       KeyStroke{.keyCode = 36, .shift = true, .ctrl = true}, KeyStroke{.keyCode = 46}});
+                       KeyStroke{.keyCode = 36, .shift = true, .ctrl = true},
+                       KeyStroke{.keyCode = 46}});
   EXPECT_EQ(immediate->Text(), u"");
 
-  ide->SendKeyStrokes({KeyStroke{.character = u'a'}, KeyStroke{.character = u'b'}, KeyStroke{.keyCode = 13},
-                       KeyStroke{.character = u'c'}, KeyStroke{.keyCode = 37}, KeyStroke{.keyCode = 8}});
+  ide->SendKeyStrokes({KeyStroke{.character = u'a'}, KeyStroke{.character = u'b'},
+                       KeyStroke{.keyCode = 13}, KeyStroke{.character = u'c'},
+                       KeyStroke{.keyCode = 37}, KeyStroke{.keyCode = 8}});
   EXPECT_EQ(immediate->Text(), u"ab\rc");  // Backspace before "c" removed the LF of the CR LF
 }
 
@@ -129,9 +131,14 @@ TEST(ToolWindows, HoldANewDocumentOfTheRegisteredClassAndStartHidden) {
     ++made;
     return std::make_shared<Notes>(*runtime);
   });
-  auto ide = IdeBuilder().Options({.clipboard = nullptr, .classes = classes, .codePage = 1252, .reportAddInError = {}}).Build();
+  auto ide =
+      IdeBuilder()
+          .Options(
+              {.clipboard = nullptr, .classes = classes, .codePage = 1252, .reportAddInError = {}})
+          .Build();
   std::shared_ptr<vb::UserDocument> document;
-  auto window = ide->Windows()->CreateToolWindow(nullptr, u"tools.DOCNOTES", u"Notes", u"{0A}", document);
+  auto window =
+      ide->Windows()->CreateToolWindow(nullptr, u"tools.DOCNOTES", u"Notes", u"{0A}", document);
   EXPECT_EQ(made, 1);
   ASSERT_NE(std::dynamic_pointer_cast<Notes>(document), nullptr);
   EXPECT_EQ(window->Type(), vbide::vbext_wt_ToolWindow);
@@ -140,7 +147,10 @@ TEST(ToolWindows, HoldANewDocumentOfTheRegisteredClassAndStartHidden) {
   EXPECT_EQ(std::static_pointer_cast<host::Window>(window)->PersistentId(), u"{0A}");
   window->Close();  // a tool window only hides
   EXPECT_EQ(ide->Windows()->Count(), 5);
-  EXPECT_EQ(ErrorNumber([&] { ide->Windows()->CreateToolWindow(nullptr, u"Tools.docNone", u"x", u"{0B}", document); }), 5);
+  EXPECT_EQ(ErrorNumber([&] {
+              ide->Windows()->CreateToolWindow(nullptr, u"Tools.docNone", u"x", u"{0B}", document);
+            }),
+            5);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 // qmtest::AddinWorld.
 #include "support/AddinWorld.h"
 
+#include "QuillmarkResources.h"
 #include "addin/Registration.h"
 #include "host/Addins.h"
 #include "host/RuntimeBridge.h"
-#include "QuillmarkResources.h"
 #include "runtime/AppInfo.h"
 #include "runtime/Resources.h"
 #include "vbide/AddIn.h"
@@ -41,20 +41,26 @@ void AddinWorld::ConnectAtStartup(bool thenStartupComplete) {
   if (thenStartupComplete) ide->StartupComplete();
 }
 
-void AddinWorld::ConnectLater() { ide->ConnectAddIn(quillmark::kProgId, vbide::ext_cm_AfterStartup); }
+void AddinWorld::ConnectLater() {
+  ide->ConnectAddIn(quillmark::kProgId, vbide::ext_cm_AfterStartup);
+}
 
-void AddinWorld::Disconnect(vbide::ext_DisconnectMode mode) { ide->DisconnectAddIn(quillmark::kProgId, mode); }
+void AddinWorld::Disconnect(vbide::ext_DisconnectMode mode) {
+  ide->DisconnectAddIn(quillmark::kProgId, mode);
+}
 
 quillmark::Connect* AddinWorld::Addin() const {
   auto addIn = ide->AddinList()->Find(quillmark::kProgId);
-  return addIn && addIn->Instance() ? static_cast<quillmark::Connect*>(addIn->Instance().get()) : nullptr;
+  return addIn && addIn->Instance() ? static_cast<quillmark::Connect*>(addIn->Instance().get())
+                                    : nullptr;
 }
 
 std::u16string AddinWorld::Setting(std::u16string_view section, std::u16string_view key) const {
   return settings->GetSetting(u"Quillmark Tools", section, key, u"");
 }
 
-void AddinWorld::Store(std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+void AddinWorld::Store(std::u16string_view section, std::u16string_view key,
+                       std::u16string_view value) {
   settings->SaveSetting(u"Quillmark Tools", section, key, value);
 }
 

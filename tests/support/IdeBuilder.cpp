@@ -12,7 +12,8 @@ IdeBuilder& IdeBuilder::Project(std::u16string name, vbide::vbext_ProjectType ty
   return *this;
 }
 
-IdeBuilder& IdeBuilder::Component(vbide::vbext_ComponentType type, std::u16string name, std::u16string code) {
+IdeBuilder& IdeBuilder::Component(vbide::vbext_ComponentType type, std::u16string name,
+                                  std::u16string code) {
   if (projects_.empty()) Project(u"Project1");
   projects_.back().components.push_back({type, std::move(name), std::move(code)});
   return *this;
@@ -35,7 +36,9 @@ IdeBuilder& IdeBuilder::Options(host::Ide::Options options) {
   return *this;
 }
 
-std::shared_ptr<host::Ide> IdeBuilder::Build() const { return BuildOn(host::Ide::Create(options_)); }
+std::shared_ptr<host::Ide> IdeBuilder::Build() const {
+  return BuildOn(host::Ide::Create(options_));
+}
 
 std::shared_ptr<host::Ide> IdeBuilder::BuildOn(std::shared_ptr<host::Ide> ide) const {
   for (auto& p : projects_) {

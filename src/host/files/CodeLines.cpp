@@ -10,10 +10,14 @@ const std::vector<RawLine> kNoAttributes;
 
 std::string_view EolBytes(Eol eol) {
   switch (eol) {
-    case Eol::CrLf: return "\r\n";
-    case Eol::Lf: return "\n";
-    case Eol::Cr: return "\r";
-    case Eol::None: return "";
+    case Eol::CrLf:
+      return "\r\n";
+    case Eol::Lf:
+      return "\n";
+    case Eol::Cr:
+      return "\r";
+    case Eol::None:
+      return "";
   }
   return "";
 }
@@ -53,8 +57,10 @@ void CodeLines::Insert(int before, const std::vector<std::u16string>& texts) {
   if (texts.empty()) return;
   std::vector<Rec> recs;
   recs.reserve(texts.size());
-  for (auto& t : texts) recs.push_back({Store(t), static_cast<std::uint32_t>(t.size()), -1, Eol::CrLf});
-  bool appendsAfterUnterminated = before == Count() + 1 && !lines_.empty() && lines_.back().eol == Eol::None;
+  for (auto& t : texts)
+    recs.push_back({Store(t), static_cast<std::uint32_t>(t.size()), -1, Eol::CrLf});
+  bool appendsAfterUnterminated =
+      before == Count() + 1 && !lines_.empty() && lines_.back().eol == Eol::None;
   if (appendsAfterUnterminated) {
     lines_.back().eol = Eol::CrLf;
     recs.back().eol = Eol::None;
