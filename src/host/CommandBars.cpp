@@ -49,6 +49,21 @@ const std::vector<BuiltInMenu>& BuiltInMenus() {
   return menus;
 }
 
+// The Standard toolbar's buttons, with the tags of the menu items that do the same work. They
+// carry no faces: the studio draws its toolkit's usual pictures for these tags.
+constexpr BuiltInItem kStandardButtons[] = {
+    {u"Open Project", u"ide.open", false},
+    {u"Save Project", u"ide.save", false},
+    {u"Cut", u"ide.cut", true},
+    {u"Copy", u"ide.copy", false},
+    {u"Paste", u"ide.paste", false},
+    {u"Find", u"ide.find", true},
+    {u"Start", u"ide.start", true},
+    {u"End", u"ide.end", false},
+    {u"Project Explorer", u"ide.view.project", true},
+    {u"Properties Window", u"ide.view.properties", false},
+};
+
 }  // namespace
 
 std::u16string StripAccessKey(std::u16string_view caption) {
@@ -307,6 +322,13 @@ void CommandBars::BuildBuiltIns() {
     bar->SetRowIndex(row++);
     bar->SetVisible(std::u16string_view(name) == u"Standard");
     bars_.push_back(bar);
+  }
+  auto standard = Find(u"Standard");
+  for (auto& item : kStandardButtons) {
+    auto c = standard->Controls()->Add(vbide::msoControlButton);
+    c->SetCaption(item.caption);
+    c->SetTag(item.tag);
+    c->SetBeginGroup(item.beginGroup);
   }
 }
 

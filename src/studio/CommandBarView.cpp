@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <algorithm>
@@ -34,6 +35,31 @@ constexpr Shortcut kShortcuts[] = {
 QKeySequence ShortcutFor(std::u16string_view tag) {
   for (auto& s : kShortcuts)
     if (s.tag == tag) return QKeySequence(QString::fromLatin1(s.keys));
+  return {};
+}
+
+// The built-in buttons carry no face of their own; the toolkit's usual pictures stand in, so
+// the Standard toolbar looks like one.
+struct StandardFace {
+  std::u16string_view tag;
+  QStyle::StandardPixmap pixmap;
+};
+constexpr StandardFace kStandardFaces[] = {
+    {u"ide.open", QStyle::SP_DialogOpenButton},
+    {u"ide.save", QStyle::SP_DialogSaveButton},
+    {u"ide.cut", QStyle::SP_DialogDiscardButton},
+    {u"ide.copy", QStyle::SP_FileIcon},
+    {u"ide.paste", QStyle::SP_DialogApplyButton},
+    {u"ide.find", QStyle::SP_FileDialogContentsView},
+    {u"ide.start", QStyle::SP_MediaPlay},
+    {u"ide.end", QStyle::SP_MediaStop},
+    {u"ide.view.project", QStyle::SP_DirIcon},
+    {u"ide.view.properties", QStyle::SP_FileDialogDetailedView},
+};
+
+QIcon StandardFaceFor(std::u16string_view tag, const QStyle& style) {
+  for (auto& face : kStandardFaces)
+    if (face.tag == tag) return style.standardIcon(face.pixmap);
   return {};
 }
 
@@ -136,6 +162,10 @@ void CommandBarView::AddControl(QMenu* menu, QToolBar* toolBar,
   if (!button) return;
   QObject* parent = menu ? static_cast<QObject*>(menu) : static_cast<QObject*>(toolBar);
   QAction* action = MakeButtonAction(parent, button);
+  // A key bound twice is ambiguous to Qt and does nothing: the menu item keeps the shortcut.
+  if (!menu) action->setShortcut({});
+  if (action->icon().isNull() && toolBar)
+    action->setIcon(StandardFaceFor(button->Tag(), *window_.style()));
   if (menu) menu->addAction(action);
   if (toolBar) toolBar->addAction(action);
 }
@@ -226,6 +256,9 @@ void CommandBarView::PlaceToolBar(QToolBar& toolBar, host::CommandBar& bar) {
   if (bar.Position() == vbide::msoBarFloating) {
     // Qt has no call that floats a toolbar; a tool window holding it looks and acts the same.
     toolBar.setParent(&window_, Qt::Tool);
+    // Drawn again after every change to the bars; showing it must not take the keyboard from
+    // the code window the user is typing in.
+    toolBar.setAttribute(Qt::WA_ShowWithoutActivating);
     toolBar.move(window_.mapToGlobal(QPoint(bar.Left(), bar.Top())));
     toolBar.show();
     return;

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "runtime/Error.h"
+#include "studio/DesignerSurface.h"
 #include "studio/QtText.h"
 
 namespace studio {
@@ -27,18 +28,25 @@ std::u16string Text(host::Control& control, std::u16string_view name) {
   }
 }
 
-double RootNumber(host::Component& component, std::u16string_view name, double fallback) {
-  if (!component.HasFile() || !component.File().designer) return fallback;
-  for (auto& [key, value] : component.File().designer->properties)
-    if (QString::fromStdU16String(key).compare(ToQt(name), Qt::CaseInsensitive) == 0)
-      return QString::fromStdU16String(value).section(u' ', 0, 0).toDouble();
-  return fallback;
+// The designer block's own properties; none for a designer never read from a file.
+const std::vector<std::pair<std::u16string, std::u16string>>& RootProperties(
+    host::Component& component) {
+  static const std::vector<std::pair<std::u16string, std::u16string>> kNone;
+  if (!component.HasFile() || !component.File().designer) return kNone;
+  return component.File().designer->properties;
 }
 
 }  // namespace
 
 DesignerView::DesignerView(std::shared_ptr<host::Component> component, QWidget* parent)
-    : QWidget(parent), component_(std::move(component)) {
+    : QWidget(parent),
+      component_(std::move(component)),
+      // Only a form has a frame and title bar in its designer; the other designers are bare
+      // surfaces, as the thing they design is placed inside someone else's window.
+      captionBar_(component_->Type() == vbide::vbext_ct_VBForm ||
+                          component_->Type() == vbide::vbext_ct_VBMDIForm
+                      ? kCaptionBar
+                      : 0) {
   setAutoFillBackground(true);
   QPalette p = palette();
   p.setColor(QPalette::Window, QColor(128, 128, 128));
@@ -61,7 +69,7 @@ QRect DesignerView::PlaceOf(host::Control& control) const {
     left += Number(*container, u"Left", 0);
     top += Number(*container, u"Top", 0);
   }
-  return QRect(8 + Pixels(left, false), 8 + kCaptionBar + Pixels(top, true), Pixels(width, false),
+  return QRect(8 + Pixels(left, false), 8 + captionBar_ + Pixels(top, true), Pixels(width, false),
                Pixels(height, true));
 }
 
@@ -81,19 +89,28 @@ std::shared_ptr<host::Control> DesignerView::ControlAt(QPoint point) const {
   return nullptr;
 }
 
+QRect DesignerView::Surface() const {
+  TwipSize twips = DesignerSurfaceTwips(component_->Type(), RootProperties(*component_));
+  return QRect(8, 8 + captionBar_, Pixels(twips.width, false), Pixels(twips.height, true));
+}
+
 QSize DesignerView::sizeHint() const {
-  return {16 + Pixels(RootNumber(*component_, u"ClientWidth", 4800), false),
-          16 + kCaptionBar + Pixels(RootNumber(*component_, u"ClientHeight", 3600), true)};
+  QRect surface = Surface();
+  return {surface.right() + 1 + 8, surface.bottom() + 1 + 8};
 }
 
 void DesignerView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  QSize form = sizeHint() - QSize(16, 16);
-  QRect frame(8, 8, form.width(), form.height());
-  painter.fillRect(frame, QColor(212, 208, 200));
-  painter.fillRect(QRect(frame.topLeft(), QSize(frame.width(), kCaptionBar)), QColor(10, 36, 106));
-  painter.setPen(Qt::white);
-  painter.drawText(frame.topLeft() + QPoint(6, 15), ToQt(component_->Name()));
+  QRect surface = Surface();
+  painter.fillRect(surface, QColor(212, 208, 200));
+  if (captionBar_ > 0) {
+    QRect bar(surface.left(), surface.top() - captionBar_, surface.width(), captionBar_);
+    painter.fillRect(bar, QColor(10, 36, 106));
+    painter.setPen(Qt::white);
+    painter.drawText(bar.adjusted(6, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(ToQt(component_->Name()), Qt::ElideRight,
+                                                      bar.width() - 10));
+  }
   auto designer = component_->Form();
   if (!designer) return;
   for (auto& control : designer->List()) {

@@ -21,6 +21,8 @@ class DesignerView final : public QWidget {
   QRect PlaceOf(host::Control& control) const;
   // The topmost control under `point`, or null for the form itself.
   std::shared_ptr<host::Control> ControlAt(QPoint point) const;
+  // The designed object's area in this widget's pixels, below the title bar a form has.
+  QRect Surface() const;
   QSize sizeHint() const override;
 
  Q_SIGNALS:
@@ -36,6 +38,7 @@ class DesignerView final : public QWidget {
   static constexpr int kCaptionBar = 22;  // the drawn form's title bar, in pixels
 
   std::shared_ptr<host::Component> component_;
+  int captionBar_;
 };
 
 }  // namespace studio

@@ -2,6 +2,7 @@
 #include "studio/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileDialog>
@@ -10,6 +11,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTableWidget>
 #include <QTimer>
@@ -75,7 +78,7 @@ MainWindow::MainWindow(cli::Desk& desk, const std::filesystem::path& placesFile,
       });
   resize(1100, 760);
   restoreGeometry(places_->value("MainWindow/geometry").toByteArray());
-  restoreState(places_->value("MainWindow/state").toByteArray());
+  placesRestored_ = restoreState(places_->value("MainWindow/state").toByteArray());
   Sync();
 }
 
@@ -112,7 +115,7 @@ void MainWindow::BuildDocks() {
   immediateDock_ = makeDock(tr("Immediate"), QStringLiteral("ImmediateWindow"), immediate_,
                             Qt::BottomDockWidgetArea);
   splitDockWidget(projectDock_, propertiesDock_, Qt::Vertical);
-  resizeDocks({projectDock_}, {260}, Qt::Horizontal);
+  resizeDocks({projectDock_}, {kDockWidth}, Qt::Horizontal);
   resizeDocks({immediateDock_}, {150}, Qt::Vertical);
   // Hiding a dock hides the IDE's window too, as closing the Project window does in VB.
   auto follow = [this](QDockWidget* dock, std::shared_ptr<host::Window> window) {
@@ -124,6 +127,19 @@ void MainWindow::BuildDocks() {
   follow(projectDock_, desk_.ide->ProjectWindow());
   follow(propertiesDock_, desk_.ide->PropertiesWindow());
   follow(immediateDock_, desk_.ide->Immediate());
+}
+
+void MainWindow::FitDocksToContent() {
+  // The user's own widths, once there are any, are not second-guessed.
+  if (placesRestored_) return;
+  Sync();
+  // Wide enough for the longest line of the Project window, so "LedgerControls
+  // (LedgerControls.vbp)" reads whole; never more than a third of the window.
+  int content = explorer_->ContentWidth() + 2 * explorer_->frameWidth() +
+                explorer_->verticalScrollBar()->sizeHint().width() + 8;
+  int width = std::clamp(content, kDockWidth, std::max(kDockWidth, this->width() / 3));
+  resizeDocks({projectDock_}, {width}, Qt::Horizontal);
+  properties_->horizontalHeader()->resizeSection(0, width / 2);
 }
 
 void MainWindow::BindCommands() {
@@ -156,6 +172,14 @@ void MainWindow::BindCommands() {
     if (auto component = desk_.ide->SelectedVBComponent()) component->Activate();
   });
   bars_->SetCommand(u"ide.cascade", [this] { area_->cascadeSubWindows(); });
+  // The clipboard buttons act on whatever has the keyboard: a code window, the Immediate window.
+  for (auto [tag, slot] : {std::pair{u"ide.cut", "cut"}, std::pair{u"ide.copy", "copy"},
+                           std::pair{u"ide.paste", "paste"}})
+    bars_->SetCommand(tag, [slot] {
+      QWidget* focus = QApplication::focusWidget();
+      if (focus && focus->metaObject()->indexOfMethod(QByteArray(slot) + "()") >= 0)
+        QMetaObject::invokeMethod(focus, slot);
+    });
   auto* lineNumbers = new QAction(tr("&Line Numbers"), this);
   lineNumbers->setCheckable(true);
   connect(lineNumbers, &QAction::toggled, this, [this](bool on) { SetLineNumbersVisible(on); });
@@ -250,14 +274,27 @@ void MainWindow::SyncDesignerWindows() {
   });
   for (auto& [window, component] : open) {
     if (subWindows_.contains(window)) {
-      subWindows_[window]->widget()->update();  // the selection may have changed
+      if (auto* view = DesignerIn(*subWindows_[window]))
+        view->update();  // the selection may have changed
       continue;
     }
     auto* view = new DesignerView(component);
     connect(view, &DesignerView::selectionChanged, this, [this] { SyncProperties(); });
-    AddSubWindow(std::static_pointer_cast<host::Window>(component->DesignerWindow()), view)
-        ->resize(view->sizeHint() + QSize(24, 48));
+    // A form larger than the window scrolls, as in VB's designer windows.
+    auto* scroller = new QScrollArea;
+    scroller->setBackgroundRole(QPalette::Dark);
+    scroller->setWidget(view);
+    auto* sub =
+        AddSubWindow(std::static_pointer_cast<host::Window>(component->DesignerWindow()), scroller);
+    sub->resize(DesignerWindowSize(view->sizeHint(), sub->size() - scroller->viewport()->size()));
   }
+}
+
+QSize MainWindow::DesignerWindowSize(QSize content, QSize chrome) const {
+  // Room for the whole surface when the area has it; never so small that a little user control
+  // opens as a sliver nobody can work in.
+  QSize wanted = (content + chrome).expandedTo(kMinimumDesignerWindow);
+  return wanted.boundedTo(area_->viewport()->size().expandedTo(kMinimumDesignerWindow));
 }
 
 void MainWindow::SyncToolWindows() {
@@ -269,8 +306,9 @@ void MainWindow::SyncToolWindows() {
       // The persistent id keys the place the dock is given back on the next run.
       dock->setObjectName(ToQt(window->PersistentId()));
       dock->setWidget(ToolWindowContent(*window->Document(), dock));
-      addDockWidget(Qt::BottomDockWidgetArea, dock);
-      restoreDockWidget(dock);
+      // Only a dock not yet added can take its remembered place; one just added is "restored"
+      // where it was added.
+      if (!restoreDockWidget(dock)) PlaceNewToolDock(*dock);
       std::weak_ptr<host::Window> weak = window;
       connect(dock, &QDockWidget::visibilityChanged, this, [this, dock, weak](bool) {
         auto held = weak.lock();
@@ -279,15 +317,28 @@ void MainWindow::SyncToolWindows() {
       });
     }
     dock->setWindowTitle(ToQt(window->Caption()));
+    bool wasHidden = dock->isHidden();
     SyncDock(*dock, *window);
+    // Shown by the add-in (its results are in): the user is meant to see it, not a tab under
+    // the Immediate window.
+    if (wasHidden && !dock->isHidden()) dock->raise();
   }
+}
+
+void MainWindow::PlaceNewToolDock(QDockWidget& dock) {
+  // Where VB users look for output: a tab beside the Immediate window, across the bottom, tall
+  // enough for a list. Beside it, both would share the width and neither could be read.
+  addDockWidget(Qt::BottomDockWidgetArea, &dock);
+  if (dockWidgetArea(immediateDock_) == Qt::BottomDockWidgetArea && !immediateDock_->isFloating())
+    tabifyDockWidget(immediateDock_, &dock);
+  int height = std::max(kToolDockHeight, immediateDock_->height());
+  resizeDocks({&dock}, {std::min(height, this->height() / 2)}, Qt::Vertical);
 }
 
 void MainWindow::SyncProperties() {
   std::vector<std::pair<std::u16string, std::u16string>> list;
   if (auto* sub = area_->activeSubWindow())
-    if (auto* view = qobject_cast<DesignerView*>(sub->widget());
-        view && view->Component()->Form()) {
+    if (auto* view = DesignerIn(*sub); view && view->Component()->Form()) {
       for (auto& control : view->Component()->Form()->List())
         if (control->InSelection()) {
           list = control->PropertyList();
@@ -325,8 +376,13 @@ std::vector<CodeEditor*> MainWindow::CodeEditors() const {
 std::vector<DesignerView*> MainWindow::Designers() const {
   std::vector<DesignerView*> views;
   for (auto* sub : area_->subWindowList())
-    if (auto* view = qobject_cast<DesignerView*>(sub->widget())) views.push_back(view);
+    if (auto* view = DesignerIn(*sub)) views.push_back(view);
   return views;
+}
+
+DesignerView* MainWindow::DesignerIn(QMdiSubWindow& sub) {
+  auto* scroller = qobject_cast<QScrollArea*>(sub.widget());
+  return scroller ? qobject_cast<DesignerView*>(scroller->widget()) : nullptr;
 }
 
 QDockWidget* MainWindow::ToolDock(const QString& persistentId) const {

@@ -54,6 +54,9 @@ class MainWindow final : public QMainWindow {
   bool ConfirmClose(const std::vector<vbide::VBProjectPtr>& projects);
   void CloseActiveProject();
   void SetLineNumbersVisible(bool visible);
+  // Gives the Project and Properties windows room for what they show, unless the user's own
+  // places were restored.
+  void FitDocksToContent();
   std::function<void()> onAddInManager;
   std::function<void()> onBeforeWindowsGo;  // the add-ins disconnect here, at exit
 
@@ -69,13 +72,20 @@ class MainWindow final : public QMainWindow {
   void SyncDesignerWindows();
   void SyncToolWindows();
   void SyncDock(QDockWidget& dock, host::Window& window);
+  void PlaceNewToolDock(QDockWidget& dock);
   void SyncProperties();
   void SyncTitle();
+  static DesignerView* DesignerIn(QMdiSubWindow& sub);
+  QSize DesignerWindowSize(QSize content, QSize chrome) const;
   QMdiSubWindow* AddSubWindow(const std::shared_ptr<host::Window>& window, QWidget* content);
   void DropSubWindows(const std::function<bool(host::Window&)>& keep);
   void Guard(const std::function<void()>& action);
   bool SaveProjectAs(const vbide::VBProjectPtr& project);
   void OnSysKey(std::intptr_t virtualKey);
+
+  static constexpr QSize kMinimumDesignerWindow{480, 360};
+  static constexpr int kDockWidth = 260;       // pixels: the right-hand docks at their narrowest
+  static constexpr int kToolDockHeight = 240;  // pixels: a dozen rows of a list view
 
   cli::Desk& desk_;
   std::unique_ptr<QSettings> places_;
@@ -91,6 +101,7 @@ class MainWindow final : public QMainWindow {
   bool syncPending_ = false;
   bool lineNumbers_ = false;
   bool closing_ = false;
+  bool placesRestored_ = false;
 };
 
 }  // namespace studio

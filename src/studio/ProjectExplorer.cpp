@@ -54,6 +54,9 @@ ProjectExplorer::ProjectExplorer(std::shared_ptr<host::Ide> ide, const vb::Resou
     : QTreeWidget(parent), ide_(std::move(ide)), pictures_(pictures), guard_(std::move(guard)) {
   setHeaderHidden(true);
   setIconSize(QSize(16, 16));
+  // A long "Project (File.vbp)" scrolls into view rather than being cut to "Project (Fi...".
+  header()->setStretchLastSection(false);
+  header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   connect(this, &QTreeWidget::itemSelectionChanged, this, [this] { Selected(); });
   connect(this, &QTreeWidget::itemDoubleClicked, this,
           [this](QTreeWidgetItem* item) { Activated(item); });

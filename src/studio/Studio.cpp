@@ -9,6 +9,7 @@
 #include "runtime/Utf.h"
 #include "studio/AddInManager.h"
 #include "studio/MainWindow.h"
+#include "studio/ScreenComposite.h"
 
 namespace studio {
 
@@ -39,6 +40,7 @@ void Studio::Start(const std::filesystem::path& project) {
       desk_->ide->ConnectAddIn(vb::FromUtf8(entry.progId), vbide::ext_cm_Startup);
   window_->show();
   Settle();
+  window_->FitDocksToContent();
   desk_->ide->StartupComplete();
   Settle();
 }
@@ -81,9 +83,13 @@ void Studio::Settle() {
   window_->Sync();
 }
 
-bool Studio::WriteScreenshot(const QString& file) {
+QImage Studio::Screenshot() {
   Settle();
-  return window_->grab().save(file);
+  return ComposeScreen(*window_);
+}
+
+bool Studio::WriteScreenshot(const QString& file) {
+  return Screenshot().save(file);
 }
 
 }  // namespace studio

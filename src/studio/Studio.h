@@ -2,6 +2,7 @@
 // the Qt toolkit, the main window, the add-in list, start-up and exit.
 #pragma once
 
+#include <QImage>
 #include <QString>
 #include <filesystem>
 #include <memory>
@@ -36,7 +37,9 @@ class Studio {
   bool IsLoaded(const std::string& progId) const;
   void ShowAddInManager();
 
-  // Lets posted work and the toolkit's pending events finish, then writes the main window.
+  // Lets posted work and the toolkit's pending events finish, then pictures the main window as
+  // a user sees it, with the floating toolbars and dialogs over it.
+  QImage Screenshot();
   bool WriteScreenshot(const QString& file);
   void Settle();
 

@@ -19,7 +19,8 @@ int main(int argc, char** argv) {
                                QStringLiteral("DIR"));
   QCommandLineOption screenshot(
       QStringLiteral("screenshot"),
-      QStringLiteral("Start, write a PNG of the main window to FILE and exit."),
+      QStringLiteral("Start, write a PNG of the main window as shown, with its floating "
+                     "toolbars and dialogs, to FILE and exit."),
       QStringLiteral("FILE"));
   parser.addOption(configDir);
   parser.addOption(screenshot);
