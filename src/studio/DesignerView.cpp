@@ -47,6 +47,11 @@ DesignerView::DesignerView(std::shared_ptr<host::Component> component, QWidget* 
                           component_->Type() == vbide::vbext_ct_VBMDIForm
                       ? kCaptionBar
                       : 0) {
+  // VB lays forms out for its 8 point default font; a desktop's larger one would not fit the
+  // captions in the controls drawn at their twips.
+  QFont small = font();
+  small.setPointSizeF(kDesignerFontPoints);
+  setFont(small);
   setAutoFillBackground(true);
   QPalette p = palette();
   p.setColor(QPalette::Window, QColor(128, 128, 128));

@@ -35,7 +35,8 @@ class DesignerView final : public QWidget {
  private:
   int Pixels(double twips, bool vertical) const;
   QString CaptionOf(host::Control& control) const;
-  static constexpr int kCaptionBar = 22;  // the drawn form's title bar, in pixels
+  static constexpr int kCaptionBar = 22;               // the drawn form's title bar, in pixels
+  static constexpr double kDesignerFontPoints = 8.25;  // VB's MS Sans Serif 8
 
   std::shared_ptr<host::Component> component_;
   int captionBar_;

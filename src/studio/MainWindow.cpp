@@ -226,6 +226,7 @@ QMdiSubWindow* MainWindow::AddSubWindow(const std::shared_ptr<host::Window>& win
   sub->setWindowTitle(ToQt(window->Caption()));
   area_->addSubWindow(sub);
   sub->resize(640, 420);
+  KeepInsideArea(*sub);
   sub->show();
   area_->setActiveSubWindow(sub);
   subWindows_[window.get()] = sub;
@@ -287,7 +288,18 @@ void MainWindow::SyncDesignerWindows() {
     auto* sub =
         AddSubWindow(std::static_pointer_cast<host::Window>(component->DesignerWindow()), scroller);
     sub->resize(DesignerWindowSize(view->sizeHint(), sub->size() - scroller->viewport()->size()));
+    KeepInsideArea(*sub);
   }
+}
+
+void MainWindow::KeepInsideArea(QMdiSubWindow& sub) const {
+  // The area cascades new windows from where the last one stood; one that would hang past the
+  // area's edge (its title cut off, its surface out of reach) moves back in where it fits.
+  QSize room = area_->viewport()->size();
+  QRect place = sub.geometry();
+  int left = std::max(0, std::min(place.left(), room.width() - place.width()));
+  int top = std::max(0, std::min(place.top(), room.height() - place.height()));
+  sub.move(left, top);
 }
 
 QSize MainWindow::DesignerWindowSize(QSize content, QSize chrome) const {

@@ -77,6 +77,7 @@ class MainWindow final : public QMainWindow {
   void SyncTitle();
   static DesignerView* DesignerIn(QMdiSubWindow& sub);
   QSize DesignerWindowSize(QSize content, QSize chrome) const;
+  void KeepInsideArea(QMdiSubWindow& sub) const;
   QMdiSubWindow* AddSubWindow(const std::shared_ptr<host::Window>& window, QWidget* content);
   void DropSubWindows(const std::function<bool(host::Window&)>& keep);
   void Guard(const std::function<void()>& action);

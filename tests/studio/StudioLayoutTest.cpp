@@ -217,6 +217,18 @@ TEST_F(StudioLayout, FormDesignerOpensShowingTheWholeForm) {
   EXPECT_GE(seen.height(), view->sizeHint().height());
 }
 
+TEST_F(StudioLayout, WindowsOpenedOneAfterAnotherStayInsideTheArea) {
+  Start();
+  for (auto name : {u"frmPayment", u"AmountBox", u"frmCustomers", u"modTax", u"ppgAmount"}) {
+    Named(Ide(), name)->Activate();
+    Settle();
+  }
+  QRect room(QPoint(0, 0), Window().Area().viewport()->size());
+  ASSERT_EQ(Window().Area().subWindowList().size(), 5);
+  for (QMdiSubWindow* sub : Window().Area().subWindowList())
+    EXPECT_TRUE(room.contains(sub->geometry())) << sub->windowTitle().toStdString();
+}
+
 TEST_F(StudioLayout, ProjectAndPropertiesWindowsShowTheirTextWhole) {
   Start();
   auto& tree = Window().Explorer();
@@ -227,6 +239,30 @@ TEST_F(StudioLayout, ProjectAndPropertiesWindowsShowTheirTextWhole) {
   for (int column = 0; column < 2; ++column)
     EXPECT_GE(header->sectionSize(column), header->fontMetrics().horizontalAdvance(
                                                properties.horizontalHeaderItem(column)->text()));
+}
+
+// Written into the build folder for a person to look at: a form's designer, the add-in's
+// search dialog over the main window, and the search's results.
+TEST_F(StudioLayout, ScreenshotOfTheSearchDialogOverADesigner) {
+  Start();
+  Named(Ide(), u"frmPayment")->Activate();
+  Named(Ide(), u"AmountBox")->Activate();
+  Item(Menu(QStringLiteral("&Quillmark Tools")), QStringLiteral("&Visual Search and Replace"))
+      ->trigger();
+  Settle();
+  QWidget* dialog = nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window != &Window() && window->isVisible() && !qobject_cast<QToolBar*>(window))
+      dialog = window;
+  ASSERT_NE(dialog, nullptr) << "the search dialog is a window of its own";
+  auto out = std::filesystem::path(QM_BINARY_DIR) / "studio-screenshots";
+  std::filesystem::create_directories(out);
+  QImage shot = studioPtr->Screenshot();
+  ASSERT_TRUE(shot.save(QString::fromStdString((out / "main-with-search.png").string())));
+  QRect place = PlaceOver(*dialog, Window()).intersected(shot.rect());
+  ASSERT_FALSE(place.isEmpty());
+  EXPECT_EQ(Pixels(shot.copy(place)),
+            Pixels(dialog->grab().toImage().copy(QRect(QPoint(0, 0), place.size()))));
 }
 
 }  // namespace
