@@ -61,14 +61,14 @@ frmSearch::~frmSearch() = default;
 
 // The dialog as the designer placed it, in twips; the scope boxes sit inside their frame.
 void frmSearch::Layout() {
-  Move(0, 0, 6735, 3330);
+  Move(0, 0, 6735, 2790);
   lblSearch.Move(120, 165, 555, 255);
   cboSearch.Move(720, 120, 4335, 315);
   cmdSearch.Move(5220, 105, 1335, 375);
-  chkMatchCase.Move(720, 555, 1455, 255);
-  chkWholeWord.Move(2280, 555, 1335, 255);
-  chkExcludeComments.Move(3720, 555, 1815, 255);
-  fraSearchIn.Move(120, 960, 6435, 1815);
+  chkMatchCase.Move(720, 555, 1500, 255);
+  chkWholeWord.Move(2280, 555, 1560, 255);
+  chkExcludeComments.Move(3900, 555, 2160, 255);
+  fraSearchIn.Move(120, 960, 6435, 1275);
   cboProject.Move(180, 300, 3015, 315);
   cboModule.Move(3300, 300, 2955, 315);
   cboProcedure.Move(180, 780, 3015, 315);
