@@ -9,60 +9,13 @@
 
 #include "LineReader.h"
 #include "ModuleLinter.h"
+#include "host/files/ProjectFile.h"
 
 namespace vbgen {
 namespace fs = std::filesystem;
+
 namespace {
 
-// The order in which the IDE writes the settings after the item block.
-constexpr auto kSettings = std::to_array<std::string_view>({"ResFile32",
-                                                            "IconForm",
-                                                            "Startup",
-                                                            "HelpFile",
-                                                            "NoControlUpgrade",
-                                                            "Title",
-                                                            "ExeName32",
-                                                            "Path32",
-                                                            "Command32",
-                                                            "Name",
-                                                            "HelpContextID",
-                                                            "Description",
-                                                            "CompatibleMode",
-                                                            "CompatibleEXE32",
-                                                            "VersionCompatible32",
-                                                            "MajorVer",
-                                                            "MinorVer",
-                                                            "RevisionVer",
-                                                            "AutoIncrementVer",
-                                                            "ServerSupportFiles",
-                                                            "DllBaseAddress",
-                                                            "VersionComments",
-                                                            "VersionCompanyName",
-                                                            "VersionFileDescription",
-                                                            "VersionLegalCopyright",
-                                                            "VersionLegalTrademarks",
-                                                            "VersionProductName",
-                                                            "CondComp",
-                                                            "CompilationType",
-                                                            "OptimizationType",
-                                                            "FavorPentiumPro(tm)",
-                                                            "CodeViewDebugInfo",
-                                                            "NoAliasing",
-                                                            "BoundsCheck",
-                                                            "OverflowCheck",
-                                                            "FlPointCheck",
-                                                            "FDIVCheck",
-                                                            "UnroundedFP",
-                                                            "StartMode",
-                                                            "Unattended",
-                                                            "Retained",
-                                                            "ThreadPerObject",
-                                                            "MaxNumberOfThreads",
-                                                            "RemoveUnusedControlInfo",
-                                                            "ThreadingModel",
-                                                            "DebugStartupOption",
-                                                            "DebugStartupComponent",
-                                                            "UseExistingBrowser"});
 constexpr auto kQuoted = std::to_array<std::string_view>({"ResFile32",
                                                           "IconForm",
                                                           "Startup",
@@ -202,9 +155,11 @@ void FormatLinter::LintProject(const fs::path& vbp) {
 // quotes it. `lastRank` carries the position of the previous setting.
 void FormatLinter::Setting(const fs::path& vbp, std::string_view key, std::string_view value,
                            std::size_t number, std::size_t& lastRank) {
-  auto rank = static_cast<std::size_t>(std::find(kSettings.begin(), kSettings.end(), key) -
-                                       kSettings.begin());
-  if (rank >= kSettings.size()) {
+  // The order in which the IDE writes the settings after the item block (after "Type").
+  auto settings = host::files::ProjectSettingKeys().subspan(1);
+  auto rank =
+      static_cast<std::size_t>(std::find(settings.begin(), settings.end(), key) - settings.begin());
+  if (rank >= settings.size()) {
     Problem(vbp, number, "unknown key '" + std::string(key) + "'");
     return;
   }

@@ -81,6 +81,14 @@ constexpr std::array<std::string_view, 49> kSettingKeys = {"Type",
                                                            "DebugStartupComponent",
                                                            "UseExistingBrowser"};
 
+}  // namespace
+
+std::span<const std::string_view> ProjectSettingKeys() {
+  return kSettingKeys;
+}
+
+namespace {
+
 const ItemKeyEntry* FindItemKey(std::string_view key) {
   for (const ItemKeyEntry& entry : kItemKeys)
     if (EqualsAsciiNoCase(entry.key, key)) return &entry;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,9 @@ enum class ItemKind {
   RelatedDoc,    // RelatedDoc=path
   ResFile        // ResFile32="path"
 };
+
+// The main-section settings the IDE writes, "Type" first, in the order it writes them.
+std::span<const std::string_view> ProjectSettingKeys();
 
 // The key that writes the kind: "Form", "ResFile32", ...
 std::string_view ItemKey(ItemKind kind);
