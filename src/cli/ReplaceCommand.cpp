@@ -60,7 +60,7 @@ std::vector<Target> Targets(SearchSession& session, const std::set<int>& rows) {
   auto& items = session.Results().lvwSearch.ListItems();
   for (int i = 1; i <= items.Count(); ++i) {
     if (!rows.empty() && !rows.contains(i)) continue;
-    const std::u16string& key = items.Item(i).Key();
+    std::u16string_view key = items.Item(i).Key();
     Target t;
     t.project = quillmark::GetField(key, 0, u"|");
     t.module = quillmark::GetField(key, 1, u"|");

@@ -140,7 +140,7 @@ void SearchSession::PrintRows(std::ostream& out) const {
   int columns = list.ColumnHeaders().Count();
   for (int i = 1; i <= list.ListItems().Count(); ++i) {
     auto& row = list.ListItems().Item(i);
-    std::u16string line = row.Text();
+    std::u16string line(row.Text());
     for (int c = 2; c <= columns; ++c) line.append(u"\t").append(row.SubItems(c - 1));
     out << Utf8(line) << "\n";
   }
@@ -150,7 +150,7 @@ void SearchSession::PrintJson(std::ostream& out) const {
   auto& items = Results().lvwSearch.ListItems();
   for (int i = 1; i <= items.Count(); ++i) {
     auto& row = items.Item(i);
-    const std::u16string& key = row.Key();
+    std::u16string_view key = row.Key();
     out << "{\"project\":\"" << JsonString(quillmark::GetField(key, 0, u"|")) << "\",\"module\":\""
         << JsonString(quillmark::GetField(key, 1, u"|")) << "\",\"procedure\":\""
         << JsonString(quillmark::GetField(key, 2, u"|"))

@@ -48,7 +48,7 @@ int RunTourSteps(Desk& desk, Streams io) {
   auto& list = results.lvwSearch;
   for (int i = 1; i <= list.ListItems().Count(); ++i) {
     auto& row = list.ListItems().Item(i);
-    std::u16string line = row.Text();
+    std::u16string line(row.Text());
     for (int c = 2; c <= list.ColumnHeaders().Count(); ++c)
       line.append(u"\t").append(row.SubItems(c - 1));
     io.out << "  " << vb::ToUtf8(line) << "\n";

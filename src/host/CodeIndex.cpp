@@ -96,9 +96,16 @@ const ProcRegion* CodeIndex::ProcOfLine(int line) const {
       line > procedures_.back().endLine) {
     return nullptr;
   }
+  // Asked line after line by a search's rows: the region found last usually answers again.
+  auto holds = [&](std::size_t i) {
+    return procedures_[i].startLine <= line &&
+           (i + 1 == procedures_.size() || line < procedures_[i + 1].startLine);
+  };
+  if (lastFound_ < procedures_.size() && holds(lastFound_)) return &procedures_[lastFound_];
   const auto after =
       std::upper_bound(procedures_.begin(), procedures_.end(), line,
                        [](int value, const ProcRegion& proc) { return value < proc.startLine; });
+  lastFound_ = static_cast<std::size_t>(after - 1 - procedures_.begin());
   return &*(after - 1);
 }
 

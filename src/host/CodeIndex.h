@@ -47,6 +47,7 @@ class CodeIndex {
   int declarationLines_ = 0;
   std::vector<ProcRegion> procedures_;
   std::vector<NameKey> byName_;  // sorted by folded name, kind, module order
+  mutable std::size_t lastFound_ = 0;  // the region ProcOfLine found last
 };
 
 struct MemberInfo {

@@ -1,6 +1,8 @@
 // host::CodeModule.
 #include "host/CodeModule.h"
 
+#include <algorithm>
+
 #include "host/CodePane.h"
 #include "host/Component.h"
 #include "host/Ide.h"
@@ -45,7 +47,10 @@ void CodeModule::Edited() {
 }
 
 const CodeIndex& CodeModule::Index() {
-  auto& text = Text();
+  return Index(Text());
+}
+
+const CodeIndex& CodeModule::Index(const files::CodeLines& text) {
   if (!index_ || indexVersion_ != text.Version()) {
     index_ = CodeIndex::Build(text);
     indexVersion_ = text.Version();
@@ -99,6 +104,14 @@ std::u16string_view CodeModule::LineView(int line) {
   return text.Line(line);
 }
 
+int CodeModule::LineViews(int startLine, std::span<std::u16string_view> out) {
+  auto& text = Text();
+  CheckLine(startLine, text.Count());
+  int count = std::min(static_cast<int>(out.size()), text.Count() - startLine + 1);
+  for (int i = 0; i < count; ++i) out[static_cast<std::size_t>(i)] = text.Line(startLine + i);
+  return count;
+}
+
 void CodeModule::InsertLines(int line, std::u16string_view text) {
   auto& lines = Text();
   CheckLine(line, lines.Count() + 1);
@@ -134,10 +147,15 @@ void CodeModule::AddFromString(std::u16string_view text) {
 }
 
 std::u16string CodeModule::ProcOfLine(int line, vbide::vbext_ProcKind& kind) {
-  CheckLine(line, Text().Count());
-  const ProcRegion* region = Index().ProcOfLine(line);
+  return std::u16string(ProcOfLineView(line, kind));
+}
+
+std::u16string_view CodeModule::ProcOfLineView(int line, vbide::vbext_ProcKind& kind) {
+  auto& text = Text();
+  CheckLine(line, text.Count());
+  const ProcRegion* region = Index(text).ProcOfLine(line);
   kind = region ? region->kind : vbide::vbext_pk_Proc;
-  return region ? region->name : std::u16string();
+  return region ? std::u16string_view(region->name) : std::u16string_view();
 }
 
 const ProcRegion& CodeModule::FindProc(std::u16string_view name, vbide::vbext_ProcKind kind) {

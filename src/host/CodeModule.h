@@ -27,11 +27,13 @@ class CodeModule final : public vbide::CodeModule,
   int CountOfDeclarationLines() override;
   std::u16string Lines(int startLine, int count) override;
   std::u16string_view LineView(int line) override;
+  int LineViews(int startLine, std::span<std::u16string_view> out) override;
   void InsertLines(int line, std::u16string_view text) override;
   void DeleteLines(int startLine, int count = 1) override;
   void ReplaceLine(int line, std::u16string_view text) override;
   void AddFromString(std::u16string_view text) override;
   std::u16string ProcOfLine(int line, vbide::vbext_ProcKind& kind) override;
+  std::u16string_view ProcOfLineView(int line, vbide::vbext_ProcKind& kind) override;
   int ProcStartLine(std::u16string_view procName, vbide::vbext_ProcKind kind) override;
   int ProcBodyLine(std::u16string_view procName, vbide::vbext_ProcKind kind) override;
   int ProcCountLines(std::u16string_view procName, vbide::vbext_ProcKind kind) override;
@@ -48,6 +50,7 @@ class CodeModule final : public vbide::CodeModule,
  private:
   files::CodeLines& Text();
   const CodeIndex& Index();
+  const CodeIndex& Index(const files::CodeLines& text);
   const ProcRegion& FindProc(std::u16string_view name, vbide::vbext_ProcKind kind);
   void CheckLine(int line, int last);
   void Edited();

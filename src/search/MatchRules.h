@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillmark {
 
@@ -42,14 +44,31 @@ class FoldedFinder {
   bool MatchesAt(std::u16string_view text, std::size_t at) const;
   std::u16string searchText_;
   std::u16string folded_;
-  // The scan looks for the rarest ASCII unit of the search text (its "anchor", at `anchor_`)
-  // rather than the first: a unit u is a candidate when (u | orMask) == anchor, or when u is 0x80
-  // or above (the few non-ASCII units that fold to ASCII are checked by folding).
-  std::size_t anchor_ = 0;
-  char16_t anchorUnit_ = 0;
-  char16_t orMask_ = 0;
+  // The scan looks at the two rarest ASCII units of the search text (its "anchors", at offsets
+  // `first_` and `second_` of a match) rather than its first unit: a match can start at s only
+  // when both text[s + first_] and text[s + second_] can fold to their anchors. A unit u can when
+  // (u | mask) == anchor, or when u is 0x80 or above (the few non-ASCII units that fold to ASCII
+  // are settled by folding). With one ASCII unit both anchors are that one.
+  struct Anchor {
+    std::size_t offset = 0;
+    char16_t unit = 0;
+    char16_t mask = 0;
+  };
+  bool Candidate(std::u16string_view text, std::size_t start) const;
+  std::int32_t ScanBlocks(std::u16string_view text, std::size_t from, std::size_t last) const;
+  std::int32_t ScanWide(std::u16string_view text, std::size_t from, std::size_t last) const;
+  Anchor first_, second_;
   bool scannable_ = false;
+  bool wide_ = false;  // sixteen units at a time (AVX2); QUILLMARK_NO_AVX2 in the environment
+                       // keeps to eight, for comparing the two
 };
+
+// The places in `lines` (from 0, in order) of the lines that hold the finder's search text,
+// case ignored, appended to `out`; with an empty search text, every line. Lines that lie back to
+// back in memory, as a loaded module's do, are scanned as one text: the scan does not stop at
+// each line. An occurrence that straddles two lines counts for neither.
+void LinesHolding(std::span<const std::u16string_view> lines, const FoldedFinder& finder,
+                  std::vector<std::uint32_t>& out);
 
 // The 1-based position of the first case-insensitive occurrence of `searchText` in `line` at or
 // after `start`, or 0 when there is none or when that occurrence fails the options. Only the

@@ -158,29 +158,28 @@ void docResults::AddResult(const vbide::VBProjectPtr& project,
     cachedCode_ = component->CodeModule();
   }
   vbide::vbext_ProcKind kind = vbide::vbext_pk_Proc;
-  std::u16string procedure = Obj(cachedCode_).ProcOfLine(line, kind);
+  std::u16string_view procedure = Obj(cachedCode_).ProcOfLineView(line, kind);
   if (procedure.empty()) procedure = kDeclarations;
   std::u16string lineText = vb::CStr(static_cast<std::int64_t>(line));
   RowValues values{cachedProject_, cachedModule_, procedure, lineText, code};
 
-  std::u16string key;
-  key.reserve(cachedProject_.size() + cachedModule_.size() + procedure.size() + lineText.size() +
-              3);
-  key.append(cachedProject_)
+  key_.clear();
+  key_.append(cachedProject_)
       .append(u"|")
       .append(cachedModule_)
       .append(u"|")
       .append(procedure)
       .append(u"|")
       .append(lineText);
-  std::u16string text =
-      columnValues_.empty() ? std::u16string() : std::u16string(ValueAt(values, columnValues_[0]));
-  auto& item = lvwSearch.ListItems().Add(0, std::move(key), std::move(text), {}, cachedIcon_);
+  std::u16string_view text =
+      columnValues_.empty() ? std::u16string_view() : ValueAt(values, columnValues_[0]);
+  auto& item = lvwSearch.ListItems().Add(0, key_, text, {}, cachedIcon_);
+  item.SetTag(code);
+  // The code column shows the stored tag, trimmed: the row keeps one copy of the line.
+  values.code = item.Tag();
   // The first column keeps the value as it is; the others are trimmed of spaces.
   for (std::size_t i = 1; i < columnValues_.size(); ++i)
-    item.SetSubItems(static_cast<int>(i),
-                     std::u16string(TrimmedView(ValueAt(values, columnValues_[i]))));
-  item.SetTag(std::u16string(code));
+    item.SetSubItems(static_cast<int>(i), TrimmedView(ValueAt(values, columnValues_[i])));
 }
 
 void docResults::IncrementProgressBar(std::int16_t step) {
@@ -228,7 +227,7 @@ void docResults::lvwSearch_DblClick() {
     if (main.Searching) main.StopSearch = true;
     auto* item = lvwSearch.SelectedItem();
     if (!item) return;
-    const std::u16string& key = item->Key();
+    std::u16string_view key = item->Key();
     auto code = main.gVBInstance->VBProjects()
                     ->Item(GetField(key, 0, u"|"))
                     ->VBComponents()

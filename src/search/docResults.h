@@ -82,6 +82,7 @@ class docResults final : public vb::UserDocument {
   vbide::VBComponentPtr cachedComponent_;
   std::u16string cachedProject_, cachedModule_, cachedIcon_;
   vbide::CodeModulePtr cachedCode_;
+  std::u16string key_;  // the row key being built, its room kept from row to row
 };
 
 }  // namespace quillmark

@@ -78,7 +78,7 @@ void docResults::Replace() {
     for (int i = items.Count(); i >= 1; --i) {
       auto& row = items.Item(i);
       if (replaceAll || row.Selected()) {
-        std::u16string line = row.Tag();
+        std::u16string line(row.Tag());
         // An empty search text would insert the replacement forever; it replaces nothing.
         std::int32_t at = searchText.empty() ? 0 : search.MatchText(line, 1);
         while (at != 0) {
@@ -87,7 +87,7 @@ void docResults::Replace() {
           // options as they are checked now. Intended.
           at = search.MatchText(line, at + replaceLength);
         }
-        const std::u16string& key = row.Key();
+        std::u16string_view key = row.Key();
         // The row's text is written even when nothing was replaced, over any later edit of
         // that line. Intended.
         Obj(main.gVBInstance->VBProjects()

@@ -79,6 +79,8 @@ class frmSearch final : public vb::Form {
   void LoadModules();
   // VB loads a form whose controls are touched; the public operations do the same.
   void EnsureLoaded();
+  // The finder for the current search text, remade when the text changes.
+  const FoldedFinder& Finder();
 
   // Engine (frmSearchEngine.cpp)
   void StartSearch();

@@ -1,5 +1,7 @@
 // quillmark::frmSearch: the search engine: the match rule on the dialog's options and the scope
 // workers that walk projects, modules, procedures and the selection.
+#include <array>
+
 #include "addin/Connect.h"
 #include "addin/ResumeNext.h"
 #include "runtime/VbStrings.h"
@@ -20,8 +22,12 @@ MatchOptions frmSearch::CheckedOptions() const {
 
 std::int32_t frmSearch::MatchText(std::u16string_view line, std::int32_t start) {
   EnsureLoaded();
+  return MatchLine(line, start, Finder(), CheckedOptions());
+}
+
+const FoldedFinder& frmSearch::Finder() {
   if (finder_.SearchText() != main_.SearchText) finder_ = FoldedFinder(main_.SearchText);
-  return MatchLine(line, start, finder_, CheckedOptions());
+  return finder_;
 }
 
 void frmSearch::ToolbarSearch() {
@@ -86,10 +92,23 @@ void frmSearch::SearchModule(docResults& results, const vbide::VBProjectPtr& pro
   vbide::CodeModulePtr code;
   ResumeNext([&] { code = component->CodeModule(); });
   if (code) {
+    // MatchText's search text and options, read once: nothing can change them before the
+    // module is done, as the search yields only between modules.
+    EnsureLoaded();
+    const FoldedFinder& finder = Finder();
+    const MatchOptions options = CheckedOptions();
+    std::array<std::u16string_view, 512> batch;
+    std::vector<std::uint32_t> holding;
     int count = code->CountOfLines();
-    for (int line = 1; line <= count; ++line) {
-      std::u16string_view text = code->LineView(line);
-      if (MatchText(text, 1) != 0) results.AddResult(project, component, line, text);
+    for (int first = 1; first <= count;) {
+      int got = code->LineViews(first, batch);
+      holding.clear();
+      LinesHolding(std::span(batch.data(), static_cast<std::size_t>(got)), finder, holding);
+      for (std::uint32_t i : holding) {
+        if (MatchLine(batch[i], 1, finder, options) != 0)
+          results.AddResult(project, component, first + static_cast<int>(i), batch[i]);
+      }
+      first += got;
     }
   }
   results.IncrementProgressBar(1);
@@ -104,7 +123,7 @@ void frmSearch::SearchProcedure(docResults& results, const vbide::VBProjectPtr& 
     // Every line is visited, so all bodies bearing the name (Get, Let and Set) are searched.
     for (int line = 1; line <= count; ++line) {
       vbide::vbext_ProcKind kind = vbide::vbext_pk_Proc;
-      std::u16string name = code->ProcOfLine(line, kind);
+      std::u16string_view name = code->ProcOfLineView(line, kind);
       if (name.empty()) name = kDeclarations;
       if (name != procName) continue;
       std::u16string_view text = code->LineView(line);

@@ -1,6 +1,7 @@
 // vbide::CodeModule: the visible text of a component as numbered lines, with procedure bookkeeping.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,9 @@ class CodeModule {
   virtual std::u16string Lines(int startLine, int count) = 0;
   // One line without copying (ours). The view is valid until the module is next changed.
   virtual std::u16string_view LineView(int line) = 0;
+  // Views of lines startLine, startLine + 1, ... into `out`, as many as fit and exist (ours);
+  // returns how many. One call per batch of lines: a search reads every line of a module.
+  virtual int LineViews(int startLine, std::span<std::u16string_view> out) = 0;
 
   // Inserts before `line` (CountOfLines + 1 appends). The text is split at CR LF, CR and LF.
   virtual void InsertLines(int line, std::u16string_view text) = 0;
@@ -37,6 +41,8 @@ class CodeModule {
 
   // The procedure whose region holds `line` ("" for the declarations section) and its kind.
   virtual std::u16string ProcOfLine(int line, vbext_ProcKind& kind) = 0;
+  // The same without copying the name (ours); valid until the module is next changed.
+  virtual std::u16string_view ProcOfLineView(int line, vbext_ProcKind& kind) = 0;
   virtual int ProcStartLine(std::u16string_view procName, vbext_ProcKind kind) = 0;
   virtual int ProcBodyLine(std::u16string_view procName, vbext_ProcKind kind) = 0;
   virtual int ProcCountLines(std::u16string_view procName, vbext_ProcKind kind) = 0;

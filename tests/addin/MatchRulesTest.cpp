@@ -2,6 +2,11 @@
 // digits only, and only apostrophe lines are comments.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
 #include "runtime/CaseFold.h"
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
@@ -146,6 +151,76 @@ TEST(FoldedFinder, TheRuleGivesTheSameAnswerThroughTheFinder) {
   EXPECT_EQ(MatchLine(u"my_Count = Counter", 1, finder, kWord), 4);
   EXPECT_EQ(MatchLine(u"count = Count", 1, finder, kCase), 0);
   EXPECT_EQ(MatchLine(u"  ' Count", 1, finder, kComments), 0);
+}
+
+// Random lines from a small alphabet make occurrences, near misses, non-ASCII units that fold
+// onto ASCII ones and occurrences split across lines common. Lines long enough for the sixteen-
+// and eight-unit scans and short ones for the unit-by-unit tail all occur.
+std::u16string RandomLine(std::mt19937& random) {
+  static const std::u16string kAlphabet = u"cusTOMERkK\u212A  _é(";
+  std::u16string line(random() % 70, u' ');
+  for (auto& unit : line) unit = kAlphabet[random() % kAlphabet.size()];
+  return line;
+}
+
+TEST(FoldedFinder, BothWidthsOfScanAgreeWithInStrOnRandomLines) {
+  std::mt19937 random(11);
+  const std::vector<std::u16string> needles = {u"customer", u"TOM", u"k", u"\u212Au", u"é(",
+                                               u"s T", u"mer_", u"cusTOMERkKcus"};
+  for (bool narrow : {false, true}) {
+    // The environment is read when a finder is made: the eight-unit scan on any processor.
+    if (narrow)
+      setenv("QUILLMARK_NO_AVX2", "1", 1);
+    else
+      unsetenv("QUILLMARK_NO_AVX2");
+    for (auto& needle : needles) {
+      quillmark::FoldedFinder finder(needle);
+      std::u16string folded = vb::FoldCase(needle);
+      for (int i = 0; i < 400; ++i) {
+        std::u16string line = RandomLine(random);
+        for (int start = 1; start <= static_cast<int>(line.size()) + 1; start += 3)
+          ASSERT_EQ(finder.Find(start, line), vb::InStrFolded(start, line, folded))
+              << vb::ToUtf8(needle) << " in " << vb::ToUtf8(line) << " from " << start
+              << (narrow ? " (eight units)" : "");
+      }
+    }
+  }
+  unsetenv("QUILLMARK_NO_AVX2");
+}
+
+// The lines that hold the text, found by scanning lines that lie back to back as one text, must
+// be exactly those a line-by-line search finds: an occurrence across a line break counts for
+// neither line, empty lines are stepped over, and lines elsewhere in memory are scanned alone.
+TEST(LinesHolding, FindsExactlyTheLinesThatHoldTheTextWhereverTheyLie) {
+  std::mt19937 random(5);
+  for (const std::u16string needle : {u"customer", u"ER", u"k", u"é", u""}) {
+    quillmark::FoldedFinder finder(needle);
+    std::u16string folded = vb::FoldCase(needle);
+    for (int round = 0; round < 40; ++round) {
+      std::vector<std::u16string> texts;
+      for (int i = 0; i < 60; ++i) texts.push_back(round % 5 == 0 && i % 4 == 0 ? u"" : RandomLine(random));
+      // Most lines in one buffer without separators, as a loaded module keeps them; every
+      // seventh line in a string of its own.
+      std::u16string buffer;
+      for (auto& text : texts) buffer += text;
+      std::vector<std::u16string_view> lines;
+      std::size_t at = 0;
+      for (std::size_t i = 0; i < texts.size(); ++i) {
+        lines.push_back(i % 7 == 3 ? std::u16string_view(texts[i])
+                                   : std::u16string_view(buffer).substr(at, texts[i].size()));
+        at += texts[i].size();
+      }
+      std::vector<std::uint32_t> expected, found;
+      for (std::size_t i = 0; i < lines.size(); ++i)
+        if (needle.empty() || vb::InStrFolded(1, lines[i], folded) != 0)
+          expected.push_back(static_cast<std::uint32_t>(i));
+      found.push_back(999);  // what was there before stays: the lines are appended
+      quillmark::LinesHolding(lines, finder, found);
+      ASSERT_EQ(found.front(), 999u);
+      found.erase(found.begin());
+      ASSERT_EQ(found, expected) << "\"" << vb::ToUtf8(needle) << "\" round " << round;
+    }
+  }
 }
 
 }  // namespace

@@ -76,8 +76,8 @@ class SearchScenario {
     auto& list = Results().lvwSearch;
     for (int i = 1; i <= list.ListItems().Count(); ++i) {
       auto& item = list.ListItems().Item(i);
-      std::u16string row = item.Text();
-      for (int c = 1; c < list.ColumnHeaders().Count(); ++c) row += u"\t" + item.SubItems(c);
+      std::u16string row(item.Text());
+      for (int c = 1; c < list.ColumnHeaders().Count(); ++c) row.append(u"\t").append(item.SubItems(c));
       rows.push_back(vb::ToUtf8(row));
     }
     return rows;

@@ -1,6 +1,9 @@
 // Contract: code modules — lines, edits, ranges and procedure questions through the object model.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "support/IdeBuilder.h"
 #include "vbide/CodeModule.h"
 #include "vbide/Member.h"
@@ -50,6 +53,28 @@ TEST(CodeModuleLines, JoinsRangesWithCrLfAndRejectsLinesOutside) {
   EXPECT_EQ(ErrorNumber([&] { m->Lines(0, 1); }), 5);
   EXPECT_EQ(ErrorNumber([&] { m->Lines(14, 2); }), 5);
   EXPECT_EQ(ErrorNumber([&] { m->Lines(15, 1); }), 5);
+}
+
+// The batch read a search uses: as many lines as fit and exist, the same text as Lines, and
+// views that follow an edit (a replaced line is stored elsewhere; its view moves with it).
+TEST(CodeModuleLines, BatchesOfViewsStopAtTheLastLineAndFollowEdits) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  std::array<std::u16string_view, 5> batch;
+  std::u16string joined;
+  for (int first = 1; first <= m->CountOfLines();) {
+    int got = m->LineViews(first, batch);
+    ASSERT_EQ(got, std::min(5, m->CountOfLines() - first + 1));
+    for (int i = 0; i < got; ++i) joined.append(first + i > 1 ? u"\r\n" : u"").append(batch[i]);
+    first += got;
+  }
+  EXPECT_EQ(joined, m->Lines(1, m->CountOfLines()));
+  m->ReplaceLine(2, u"Private mCount As Long");
+  ASSERT_EQ(m->LineViews(1, batch), 5);
+  EXPECT_EQ(batch[1], u"Private mCount As Long");
+  EXPECT_EQ(batch[2], u"");
+  EXPECT_EQ(ErrorNumber([&] { m->LineViews(15, batch); }), 5);
+  EXPECT_EQ(ErrorNumber([&] { m->LineViews(0, batch); }), 5);
 }
 
 TEST(CodeModuleEdits, InsertSplitsAtEveryLineBreakAndAppendsAfterTheLastLine) {
@@ -109,6 +134,28 @@ TEST(CodeModuleProcedures, AnswersRegionsByNameAndKind) {
   EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Total", vbide::vbext_pk_Proc); }), 35);
   EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Missing", vbide::vbext_pk_Proc); }), 35);
   EXPECT_EQ(ErrorNumber([&] { m->ProcOfLine(15, kind); }), 5);
+}
+
+// The index remembers the region it found last; asked in any order it must answer as if it did
+// not, and the view it gives must equal the copy.
+TEST(CodeModuleProcedures, AnswerTheSameInAnyOrderOfLines) {
+  auto ide = IdeBuilder().Module(u"modOrders", kOrders).Build();
+  auto m = ModuleOf(ide, u"modOrders");
+  std::vector<std::pair<std::u16string, vbide::vbext_ProcKind>> forward;
+  for (int line = 1; line <= 14; ++line) {
+    vbide::vbext_ProcKind kind;
+    std::u16string name = m->ProcOfLine(line, kind);
+    forward.emplace_back(name, kind);
+  }
+  for (int line : {14, 1, 9, 8, 13, 4, 4, 12, 3, 11, 2, 7, 5, 6, 10}) {
+    vbide::vbext_ProcKind kind;
+    std::u16string_view name = m->ProcOfLineView(line, kind);
+    EXPECT_EQ(name, forward[static_cast<std::size_t>(line - 1)].first) << "line " << line;
+    EXPECT_EQ(kind, forward[static_cast<std::size_t>(line - 1)].second) << "line " << line;
+  }
+  EXPECT_EQ(forward[3].first, u"AddLine");
+  EXPECT_EQ(forward[12].first, u"Total");
+  EXPECT_EQ(forward[12].second, vbide::vbext_pk_Let);
 }
 
 TEST(CodeModuleProcedures, FollowEditsWithoutBeingAskedToRebuild) {

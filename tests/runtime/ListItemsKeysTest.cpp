@@ -41,4 +41,27 @@ TEST(ListItemsKeys, ARemovedOrRenamedRowFreesItsKeyForAnother) {
   EXPECT_EQ(items.Item(u"K999").Index(), 1000);
 }
 
+// Keys are hashed four units at a time, ASCII words folded in place and others unit by unit:
+// the same key in another case must land on the same row whichever way each part was folded,
+// at every length around the four-unit steps.
+TEST(ListItemsKeys, KeysInAnotherCaseFindTheirRowsAtEveryLength) {
+  auto runtime = vb::Runtime::CreateHeadless();
+  Document doc(*runtime);
+  auto& items = doc.list.ListItems();
+  // Each pair folds alike: the Kelvin sign folds to "k", so "KELV" (ASCII) meets "\u212Ael".
+  const std::u16string lower = u"kelvin|été|customer_k";
+  const std::u16string upper = u"\u212AELVIN|ÉTÉ|CUSTOMER_\u212A";
+  ASSERT_EQ(lower.size(), upper.size());
+  for (std::size_t length = 1; length <= lower.size(); ++length) {
+    items.Add(0, lower.substr(0, length), vb::CStr(static_cast<std::int64_t>(length)));
+  }
+  for (std::size_t length = 1; length <= upper.size(); ++length) {
+    auto* row = items.Find(upper.substr(0, length));
+    ASSERT_NE(row, nullptr) << "length " << length;
+    EXPECT_EQ(row->Text(), vb::CStr(static_cast<std::int64_t>(length)));
+    EXPECT_THROW(items.Add(0, upper.substr(0, length)), vb::Error) << "length " << length;
+  }
+  EXPECT_EQ(items.Count(), static_cast<int>(lower.size()));
+}
+
 }  // namespace

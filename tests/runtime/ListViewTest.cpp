@@ -28,7 +28,7 @@ class ListViewTest : public ::testing::Test {
   std::vector<std::u16string> Column(int column) {
     std::vector<std::u16string> out;
     for (int i = 1; i <= items.Count(); ++i) {
-      out.push_back(column == 0 ? items(i).Text() : items(i).SubItems(column));
+      out.emplace_back(column == 0 ? items(i).Text() : items(i).SubItems(column));
     }
     return out;
   }
@@ -182,6 +182,45 @@ TEST_F(ListViewTest, SmallIconsMustNameImagesOfTheBoundList) {
   EXPECT_EQ(items.Add(0, {}, u"Form1", {}, u"module").SmallIcon(), u"module");
   EXPECT_EQ(ErrorOf([&] { items.Add(0, {}, u"Form2", {}, u"Widget"); }), 35601);
   EXPECT_EQ(items.Count(), 1);
+}
+
+// Rows keep their texts in the list's arena: a view stays readable while the list lives, equal
+// texts of neighbouring rows may share memory but never a change, and a removed row's object
+// comes back as a fresh row.
+TEST_F(ListViewTest, RowTextsStayPutAndSharedTextsChangeRowByRow) {
+  AddRow(u"a", u"Module1", u"10");
+  AddRow(u"b", u"Module1", u"10");
+  EXPECT_EQ(items(1).SubItems(1).data(), items(2).SubItems(1).data());
+  items(2).SetSubItems(1, u"11");
+  items(1).SetText(u"Form1");
+  EXPECT_EQ(Column(0), (std::vector<std::u16string>{u"Form1", u"Module1"}));
+  EXPECT_EQ(Column(1), (std::vector<std::u16string>{u"10", u"11"}));
+
+  std::u16string_view oldText = items(2).Text();
+  items(2).SetText(u"Class1");
+  EXPECT_EQ(oldText, u"Module1");
+  std::u16string_view removedKey = items(1).Key();
+  items(1).SetTag(u"tag of a");
+  items.Remove(1);
+  EXPECT_EQ(removedKey, u"a");
+
+  // The removed row's object is used again: nothing of the old row may show through.
+  auto& again = items.Add(0, u"c", u"Module9");
+  EXPECT_EQ(again.Tag(), u"");
+  EXPECT_EQ(again.SubItems(1), u"");
+  EXPECT_FALSE(again.Selected());
+  EXPECT_EQ(again.Index(), 2);
+  EXPECT_EQ(items(u"c").Text(), u"Module9");
+  EXPECT_EQ(items.Find(u"a"), nullptr);
+}
+
+TEST_F(ListViewTest, SubItemsSetBeforeAColumnIsAddedSurviveIt) {
+  AddRow(u"a", u"Module1", u"10");
+  lvw.ColumnHeaders().Add(0, {}, u"Code");
+  items(1).SetSubItems(2, u"x = 1");
+  EXPECT_EQ(items(1).SubItems(1), u"10");
+  EXPECT_EQ(items(1).SubItems(2), u"x = 1");
+  EXPECT_EQ(ErrorOf([&] { items(1).SubItems(3); }), 35600);
 }
 
 TEST_F(ListViewTest, AHundredThousandRowsAreAddedFoundAndCleared) {

@@ -19,6 +19,7 @@ ListImage& ImageList::Add(int index, std::u16string key, vb::Picture picture) {
 
 void ImageList::Remove(int index) {
   Item(index);
+  lastFound_ = nullptr;
   images_.erase(images_.begin() + (index - 1));
   Renumber();
 }
@@ -37,8 +38,9 @@ ListImage& ImageList::Item(std::u16string_view key) const {
 }
 
 ListImage* ImageList::Find(std::u16string_view key) const {
+  if (lastFound_ && EqualsText(lastFound_->key, key)) return lastFound_;
   for (const auto& image : images_) {
-    if (!image->key.empty() && EqualsText(image->key, key)) return image.get();
+    if (!image->key.empty() && EqualsText(image->key, key)) return lastFound_ = image.get();
   }
   return nullptr;
 }

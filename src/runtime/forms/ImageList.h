@@ -30,7 +30,10 @@ class ImageList : public Control {
   ListImage& Add(int index = 0, std::u16string key = {}, vb::Picture picture = {});
   void Remove(int index);
   void Remove(std::u16string_view key) { Remove(Item(key).index); }
-  void Clear() { images_.clear(); }
+  void Clear() {
+    images_.clear();
+    lastFound_ = nullptr;
+  }
   int Count() const { return static_cast<int>(images_.size()); }
   ListImage& Item(int index) const;
   ListImage& Item(std::u16string_view key) const;
@@ -42,6 +45,8 @@ class ImageList : public Control {
  private:
   void Renumber();
   std::vector<std::unique_ptr<ListImage>> images_;
+  // The image found last: a list view's rows ask for the same few keys over and over.
+  mutable ListImage* lastFound_ = nullptr;
 };
 
 }  // namespace vb

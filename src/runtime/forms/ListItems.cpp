@@ -2,6 +2,8 @@
 #include "runtime/forms/ListItems.h"
 
 #include <algorithm>
+#include <memory>
+#include <new>
 
 #include "runtime/CaseFold.h"
 #include "runtime/FoldTable.h"
@@ -19,41 +21,56 @@ void ListItem::Changed() {
   owner_->RowChanged(*this);
 }
 
-void ListItem::SetKey(std::u16string value) {
-  owner_->Rekey(*this, std::move(value));
+void ListItem::SetKey(std::u16string_view value) {
+  owner_->Rekey(*this, value);
 }
 
-void ListItem::SetText(std::u16string value) {
-  text_ = std::move(value);
+void ListItem::SetText(std::u16string_view value) {
+  text_ = owner_->StoreColumn(0, value);
   Changed();
 }
 
-const std::u16string& ListItem::SubItems(int index) const {
+std::u16string_view ListItem::ColumnText(int column) const {
+  if (column == 0) return text_;
+  auto at = static_cast<std::uint32_t>(column);
+  return at < subItemRoom_ ? subItems_[at] : std::u16string_view();
+}
+
+std::u16string_view ListItem::SubItems(int index) const {
   if (index < 1 || index >= owner_->view_.ColumnHeaders().Count()) {
     throw ctlerr::IndexOutOfBounds(u"SubItems(" + FromUtf8(std::to_string(index)) + u")");
   }
-  static const std::u16string kEmpty;
-  return static_cast<std::size_t>(index) < subItems_.size() ? subItems_[index] : kEmpty;
+  return ColumnText(index);
 }
 
-void ListItem::SetSubItems(int index, std::u16string value) {
+void ListItem::SetSubItems(int index, std::u16string_view value) {
   SubItems(index);  // the range check
-  if (subItems_.size() <= static_cast<std::size_t>(index)) {
+  auto at = static_cast<std::uint32_t>(index);
+  if (at >= subItemRoom_) {
     // Room for every column at once: rows are filled column by column.
-    subItems_.reserve(static_cast<std::size_t>(owner_->view_.ColumnHeaders().Count()));
-    subItems_.resize(index + 1);
+    auto room = static_cast<std::uint32_t>(owner_->view_.ColumnHeaders().Count());
+    auto* grown = owner_->arena_.Allocate<std::u16string_view>(room);
+    std::uninitialized_default_construct_n(grown, room);
+    std::copy_n(subItems_, subItemRoom_, grown);
+    subItems_ = grown;
+    subItemRoom_ = room;
   }
-  subItems_[index] = std::move(value);
+  subItems_[at] = owner_->StoreColumn(at, value);
   Changed();
 }
 
-void ListItem::SetSmallIcon(std::u16string value) {
-  auto* images = owner_->view_.SmallIcons();
-  if (images && !value.empty() && !images->Exists(value)) {
-    throw ctlerr::ElementNotFound(u"SmallIcon \"" + value + u"\"");
-  }
-  smallIcon_ = std::move(value);
+void ListItem::SetTag(std::u16string_view value) {
+  tag_ = owner_->arena_.Store(value);
+}
+
+void ListItem::SetSmallIcon(std::u16string_view value) {
+  owner_->CheckSmallIcon(value);
+  smallIcon_ = owner_->StoreIcon(owner_->lastSmallIcon_, value);
   Changed();
+}
+
+void ListItem::SetIcon(std::u16string_view value) {
+  icon_ = owner_->StoreIcon(owner_->lastIcon_, value);
 }
 
 void ListItem::SetSelected(bool value) {
@@ -71,35 +88,61 @@ int ListItem::Index() const {
 
 // ListItems
 
-ListItem& ListItems::Add(int index, std::u16string key, std::u16string text, std::u16string icon,
-                         std::u16string smallIcon) {
-  if (index < 0 || index > Count() + 1) throw ctlerr::IndexOutOfBounds(u"ListItems.Add");
+std::u16string_view ListItems::StoreColumn(std::size_t column, std::u16string_view text) {
+  if (column >= lastColumnText_.size()) lastColumnText_.resize(column + 1);
+  std::u16string_view& last = lastColumnText_[column];
+  if (last != text) last = arena_.Store(text);
+  return last;
+}
+
+std::u16string_view ListItems::StoreIcon(std::u16string_view& last, std::u16string_view text) {
+  if (last != text) last = arena_.Store(text);
+  return last;
+}
+
+void ListItems::CheckSmallIcon(std::u16string_view key) const {
   auto* images = view_.SmallIcons();
-  if (images && !smallIcon.empty() && !images->Exists(smallIcon)) {
-    throw ctlerr::ElementNotFound(u"SmallIcon \"" + smallIcon + u"\"");
+  if (images && !key.empty() && !images->Exists(key)) {
+    throw ctlerr::ElementNotFound(u"SmallIcon \"" + std::u16string(key) + u"\"");
   }
-  auto item = std::make_unique<ListItem>();
-  item->owner_ = this;
-  item->key_ = std::move(key);
-  item->text_ = std::move(text);
-  item->icon_ = std::move(icon);
-  item->smallIcon_ = std::move(smallIcon);
-  ListItem& added = *item;
-  if (!added.key_.empty() && !keys_.Insert(&added)) throw ctlerr::KeyNotUnique(added.key_);
+}
+
+ListItem& ListItems::Add(int index, std::u16string_view key, std::u16string_view text,
+                         std::u16string_view icon, std::u16string_view smallIcon) {
+  if (index < 0 || index > Count() + 1) throw ctlerr::IndexOutOfBounds(u"ListItems.Add");
+  CheckSmallIcon(smallIcon);
+  std::uint64_t keyHash = key.empty() ? 0 : keys_.Prefetch(key);
+  ListItem* item;
+  if (free_.empty()) {
+    auto row = static_cast<std::uint32_t>(rows_.size());
+    item = new (arena_.Allocate<ListItem>(1)) ListItem(*this, row);
+    rows_.push_back(item);
+  } else {
+    item = new (free_.back()) ListItem(*this, free_.back()->row_);
+    free_.pop_back();
+  }
+  item->key_ = arena_.Store(key);
+  item->text_ = StoreColumn(0, text);
+  item->icon_ = StoreIcon(lastIcon_, icon);
+  item->smallIcon_ = StoreIcon(lastSmallIcon_, smallIcon);
+  if (!item->key_.empty() && !keys_.Insert(item, keyHash)) {
+    free_.push_back(item);
+    throw ctlerr::KeyNotUnique(key);
+  }
   bool sorted = view_.Sorted();
   std::size_t at = (index == 0 || sorted) ? items_.size() : static_cast<std::size_t>(index - 1);
   if (!sorted) Settle();
-  items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), std::move(item));
+  items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), item);
   if (sorted) {
     unsorted_ = true;
-    added.position_ = at;
+    item->position_ = static_cast<std::uint32_t>(at);
     // Announced where it lies now, at the end; the sort that settles it resets the rows.
     if (auto* p = view_.Peer()) p->RowsInserted(static_cast<int>(at), 1);
   } else {
     Renumber(at);
     if (auto* p = view_.Peer()) p->RowsInserted(static_cast<int>(at), 1);
   }
-  return added;
+  return *item;
 }
 
 void ListItems::Remove(int index) {
@@ -108,6 +151,7 @@ void ListItems::Remove(int index) {
   if (view_.editing_ == &item) view_.editing_ = nullptr;
   if (!item.key_.empty()) keys_.Erase(&item);
   items_.erase(items_.begin() + (index - 1));
+  free_.push_back(&item);
   Renumber(static_cast<std::size_t>(index - 1));
   if (auto* p = view_.Peer()) p->RowsRemoved(index - 1, 1);
 }
@@ -117,6 +161,11 @@ void ListItems::Clear() {
   view_.editing_ = nullptr;
   keys_.Clear();
   items_.clear();
+  rows_.clear();
+  free_.clear();
+  lastColumnText_.clear();
+  lastIcon_ = lastSmallIcon_ = {};
+  arena_.Clear();
   unsorted_ = false;
   if (auto* p = view_.Peer()) p->RowsReset();
 }
@@ -126,7 +175,7 @@ ListItem& ListItems::Item(int index) {
     throw ctlerr::IndexOutOfBounds(u"ListItems(" + FromUtf8(std::to_string(index)) + u")");
   }
   Settle();
-  return *items_[index - 1];
+  return *items_[static_cast<std::size_t>(index - 1)];
 }
 
 ListItem& ListItems::Item(std::u16string_view key) {
@@ -139,13 +188,13 @@ ListItem* ListItems::Find(std::u16string_view key) const {
   return keys_.Find(key);
 }
 
-void ListItems::Rekey(ListItem& item, std::u16string key) {
+void ListItems::Rekey(ListItem& item, std::u16string_view key) {
   if (!key.empty()) {
     ListItem* holder = keys_.Find(key);
-    if (holder && holder != &item) throw ctlerr::KeyNotUnique(key);
+    if (holder && holder != &item) throw ctlerr::KeyNotUnique(std::u16string(key));
   }
   if (!item.key_.empty()) keys_.Erase(&item);
-  item.key_ = std::move(key);
+  item.key_ = arena_.Store(key);
   if (!item.key_.empty()) keys_.Insert(&item);
 }
 
@@ -162,7 +211,8 @@ void ListItems::RowChanged(const ListItem& item) {
 }
 
 void ListItems::Renumber(std::size_t from) {
-  for (std::size_t i = from; i < items_.size(); ++i) items_[i]->position_ = i;
+  for (std::size_t i = from; i < items_.size(); ++i)
+    items_[i]->position_ = static_cast<std::uint32_t>(i);
 }
 
 void ListItems::Settle() {
@@ -175,19 +225,13 @@ void ListItems::Sort() {
   // The control's sort compares the column's text ignoring case, so "10" comes before "9".
   int column = view_.SortKey();
   bool descending = view_.SortOrder() == lvwDescending;
-  auto text = [column](const ListItem& item) -> const std::u16string& {
-    static const std::u16string kEmpty;
-    if (column == 0) return item.text_;
-    auto at = static_cast<std::size_t>(column);
-    return at < item.subItems_.size() ? item.subItems_[at] : kEmpty;
-  };
-  std::vector<std::pair<std::u16string, std::unique_ptr<ListItem>>> keyed;
+  std::vector<std::pair<std::u16string, ListItem*>> keyed;
   keyed.reserve(items_.size());
-  for (auto& item : items_) keyed.emplace_back(FoldCase(text(*item)), std::move(item));
+  for (ListItem* item : items_) keyed.emplace_back(FoldCase(item->ColumnText(column)), item);
   std::stable_sort(keyed.begin(), keyed.end(), [descending](const auto& a, const auto& b) {
     return descending ? b.first < a.first : a.first < b.first;
   });
-  for (std::size_t i = 0; i < keyed.size(); ++i) items_[i] = std::move(keyed[i].second);
+  for (std::size_t i = 0; i < keyed.size(); ++i) items_[i] = keyed[i].second;
   Renumber(0);
   if (auto* p = view_.Peer()) p->RowsReset();
 }
