@@ -214,6 +214,7 @@ int main(int argc, char** argv) {
     }
     ui.SetCheck(u"chkWholeWord", wholeWord ? 1 : 0);
     double ours = 1e9;
+    double first = 0;  // the first search of a session also builds each module's procedure index
     double clear = 0;
     // QM_BENCH_RUNS=N repeats the search N times (3 by default), so that a profile sees mostly it.
     int runs = std::getenv("QM_BENCH_RUNS") ? std::atoi(std::getenv("QM_BENCH_RUNS")) : 3;
@@ -227,7 +228,9 @@ int main(int argc, char** argv) {
       clear = Seconds(clearStart);
       auto start = Clock::now();
       dialog.ToolbarSearch();
-      ours = std::min(ours, Seconds(start));
+      double seconds = Seconds(start);
+      if (i == 0) first = seconds;
+      ours = std::min(ours, seconds);
     }
     int rows = main.gdocResults->lvwSearch.ListItems().Count();
     double rg = 0;
@@ -237,9 +240,10 @@ int main(int argc, char** argv) {
     int rgLines = 0;
     for (auto& [f, n] : rgCounts) rgLines += n;
     std::printf(
-        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; clearing the "
-        "previous rows %.3f s more)\n",
-        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours, clear);
+        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; best of %d, "
+        "the first %.3f s; clearing the previous rows %.3f s more)\n",
+        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours, std::max(runs, 1),
+        first, clear);
     if (rg < 0) {
       std::printf("  rg not available\n");
       continue;

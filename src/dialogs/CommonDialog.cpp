@@ -27,6 +27,10 @@ std::u16string UpToNul(std::u16string_view text) {
 
 }  // namespace
 
+std::u16string CommonDialog::Ansi(std::u16string_view text) const {
+  return ansi_->Decode(ansi_->Encode(text));
+}
+
 void CommonDialog::Begin(ActionCode action) {
   action_ = action;
   apiReturn_ = 0;
@@ -48,19 +52,19 @@ void CommonDialog::ShowFile(ActionCode action) {
   std::int32_t size = maxFileSize_ < 1 ? kDefaultBufferSize : maxFileSize_;
   vb::FileDialogRecord record;
   record.owner = hWndOwner_;
-  record.filter = filter_;
+  record.filter = Ansi(filter_);
   record.filterIndex = filterIndex_;
-  record.file = Buffer(fileName_, size);
-  record.fileTitle = Buffer(fileTitle_, size);
-  record.initialDir = initDir_;
-  record.title = dialogTitle_;
+  record.file = Buffer(Ansi(fileName_), size);
+  record.fileTitle = Buffer(Ansi(fileTitle_), size);
+  record.initialDir = Ansi(initDir_);
+  record.title = Ansi(dialogTitle_);
   record.flags = flags_;
-  record.defaultExt = defaultExt_;
+  record.defaultExt = Ansi(defaultExt_);
   auto& dialogs = runtime_.Dialogs();
   if (!Finish(action == kOpen ? dialogs.GetOpenFileName(record) : dialogs.GetSaveFileName(record)))
     return;
-  fileName_ = UpToNul(record.file);
-  fileTitle_ = UpToNul(record.fileTitle);
+  fileName_ = Ansi(UpToNul(record.file));
+  fileTitle_ = Ansi(UpToNul(record.fileTitle));
   auto offset = static_cast<std::size_t>(std::max(0, record.fileExtension));
   fileSuffix_ = offset < fileName_.size() ? fileName_.substr(offset) : std::u16string();
   // The title less the extension and its dot; a title without one loses its last character
@@ -86,7 +90,7 @@ void CommonDialog::ShowFont() {
   Begin(kFont);
   vb::FontDialogRecord record;
   record.owner = hWndOwner_;
-  std::string face = vb::CodePage::Windows1252().Encode(fontName_);
+  std::string face = ansi_->Encode(fontName_);
   std::copy_n(face.begin(), std::min(face.size(), record.faceName.size() - 1),
               record.faceName.begin());
   record.pointSizeTenths = static_cast<std::int32_t>(fontSize_ * 10);
@@ -97,7 +101,7 @@ void CommonDialog::ShowFont() {
   record.flags = flags_;
   if (!Finish(runtime_.Dialogs().ChooseFont(record))) return;
   auto end = std::find(record.faceName.begin(), record.faceName.end(), 0);
-  fontName_ = vb::CodePage::Windows1252().Decode(std::string(record.faceName.begin(), end));
+  fontName_ = ansi_->Decode(std::string(record.faceName.begin(), end));
   fontSize_ = static_cast<float>(record.pointSizeTenths) / 10;
   fontBold_ = record.weight >= kBoldWeight;
   fontItalic_ = record.italic;
@@ -126,7 +130,7 @@ void CommonDialog::ShowPrinter() {
 
 void CommonDialog::ShowHelp() {
   Begin(kHelp);
-  Finish(runtime_.Dialogs().WinHelp(hWndOwner_, helpFile_, helpCommand_, 0));
+  Finish(runtime_.Dialogs().WinHelp(hWndOwner_, Ansi(helpFile_), helpCommand_, 0));
 }
 
 }  // namespace quillmark

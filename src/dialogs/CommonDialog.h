@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 
+#include "runtime/CodePage.h"
 #include "runtime/PlatformDialogs.h"
 
 namespace vb {
@@ -23,6 +24,10 @@ class CommonDialog {
   enum ActionCode { kOpen = 1, kSave = 2, kColor = 3, kFont = 4, kPrinter = 5, kHelp = 6 };
 
   explicit CommonDialog(vb::Runtime& runtime) : runtime_(runtime) {}
+  // The ANSI code page the texts pass through on their way to the platform and back, as they
+  // did through the platform's "A" functions: a character it lacks comes back as "?".
+  // Windows-1252 unless set; the page must outlive the dialog.
+  void SetAnsiCodePage(const vb::CodePage& page) { ansi_ = &page; }
 
   void ShowOpen() { ShowFile(kOpen); }
   void ShowSave() { ShowFile(kSave); }
@@ -105,8 +110,10 @@ class CommonDialog {
   // The common start and end of every Show: true when the results are to be copied back.
   void Begin(ActionCode action);
   bool Finish(std::int32_t result);
+  std::u16string Ansi(std::u16string_view text) const;
 
   vb::Runtime& runtime_;
+  const vb::CodePage* ansi_ = &vb::CodePage::Windows1252();
   std::u16string fileName_, fileTitle_, filePrefix_, fileSuffix_, filter_, defaultExt_,
       dialogTitle_, initDir_;
   std::int32_t filterIndex_ = 0, maxFileSize_ = 0, flags_ = 0;

@@ -32,6 +32,7 @@ const vb::CodePage& ExportCodePage(mdlMain& main) {
 void docResults::Export() {
   auto& main = Main();
   CommonDialog dialog(runtime_);
+  dialog.SetAnsiCodePage(ExportCodePage(main));
   dialog.SetFilter(std::u16string(u"Text Files (*.txt)") + u'\0' + u"*.txt");
   dialog.SetDefaultExt(u"txt");
   dialog.ShowSave();

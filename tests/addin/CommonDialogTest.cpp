@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "dialogs/CommonDialog.h"
+#include "runtime/CodePage.h"
 #include "runtime/Runtime.h"
 #include "runtime/ScriptError.h"
 
@@ -60,6 +61,26 @@ TEST_F(CommonDialogs, TheChosenFileIsSplitIntoTitlePrefixAndSuffix) {
   EXPECT_EQ(dialog.FileTitle(), u"report.txt");
   EXPECT_EQ(dialog.FileSuffix(), u"txt");
   EXPECT_EQ(dialog.FilePrefix(), u"report");
+}
+
+// The texts pass through the ANSI code page both ways, as through the platform's "A" functions:
+// what the page lacks turns into "?", in what is sent and in what comes back.
+TEST_F(CommonDialogs, TextsGoThroughTheAnsiCodePageBothWays) {
+  dialog.SetFileName(u"Zürich Отчёт.txt");
+  dialog.SetDialogTitle(u"Экспорт");
+  platform->ScriptFile(u"/tmp/Отчёт café.txt");
+  dialog.ShowSave();
+  auto& sent = platform->Calls().at(0).file;
+  EXPECT_EQ(sent.file.substr(0, 16), u"Zürich ?????.txt");
+  EXPECT_EQ(sent.title, u"???????");
+  EXPECT_EQ(dialog.FileName(), u"/tmp/????? café.txt");
+  EXPECT_EQ(dialog.FileTitle(), u"????? café.txt");
+
+  dialog.SetAnsiCodePage(*vb::CodePage::Find(1251));  // Cyrillic: the Russian comes through
+  platform->ScriptFile(u"/tmp/Отчёт.txt");
+  dialog.ShowSave();
+  EXPECT_EQ(platform->Calls().at(1).file.title, u"Экспорт");
+  EXPECT_EQ(dialog.FileName(), u"/tmp/Отчёт.txt");
 }
 
 TEST_F(CommonDialogs, TheDefaultExtensionIsAddedWhenNoneIsTyped) {

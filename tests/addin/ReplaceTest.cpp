@@ -158,4 +158,31 @@ TEST_F(Replace, TheCodeColumnIsUpdatedWhereverItStands) {
   EXPECT_EQ(s->Rows(), (Rows{"x = ab + ab\t1"}));
 }
 
+// The window system refusing to put the dialog on top (as a desktop may) is reported as
+// "Replace Load"; the dialog still opens, without the text and option loading would have put
+// in, and what the user then types and chooses is used.
+TEST_F(Replace, ALoadFailureIsReportedAndTheDialogStillAnswers) {
+  Open(u"a = Total");
+  s->Search(u"total");
+  s->world.runtime->Windows().onTopMostChanged = [](vb::Hwnd) {
+    throw vb::Error::Standard(5, u"the window cannot be placed on top");
+  };
+  bool optionChosenByLoad = true;
+  vb::Script(*s->world.runtime).On(u"frmReplace", [&](vb::UserActions& ui) {
+    auto* form = dynamic_cast<quillmark::frmReplace*>(s->world.runtime->FindLoaded(u"frmReplace"));
+    optionChosenByLoad = form->optReplace(0).Value() || form->optReplace(1).Value();
+    ui.Type(u"txtReplace", u"Sum");
+    ui.Click(u"optReplace", 0);
+    ui.Click(u"cmdReplace");
+  });
+  s->ResultsUser().Click(u"cmdToolbar", 2);
+  auto& boxes = s->world.runtime->MessageBoxService().Transcript();
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].title, u"Replace Load");
+  EXPECT_EQ(boxes[0].style, 48);
+  EXPECT_NE(boxes[0].prompt.find(u"cannot be placed on top"), std::u16string::npos);
+  EXPECT_FALSE(optionChosenByLoad);
+  EXPECT_EQ(Line(u"modA", 1), u"a = Sum");
+}
+
 }  // namespace

@@ -88,7 +88,7 @@ Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
   return result;
 }
 
-QIcon ListViewModel::IconOf(const std::u16string& key) const {
+QIcon ListViewModel::IconOf(std::u16string_view key) const {
   QString name = ToQt(key);
   if (auto it = icons_.find(name); it != icons_.end()) return *it;
   QIcon icon;

@@ -41,7 +41,7 @@ class ListViewModel : public QAbstractTableModel {
 
  private:
   void ScheduleFlush();
-  QIcon IconOf(const std::u16string& key) const;
+  QIcon IconOf(std::u16string_view key) const;
 
   vb::ListView& view_;
   int shownRows_ = 0;
