@@ -5,7 +5,7 @@ namespace host {
 
 bool ModuleWalker::NextLine() {
   if (!reader_.Next(line_)) return false;
-  splitter_ = StatementSplitter(line_.code);
+  splitter_ = StatementSplitter(line_.code, line_.plain);
   return true;
 }
 

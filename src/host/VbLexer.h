@@ -31,11 +31,14 @@ struct PhysicalLine {
   bool endsInComment = false;  // with `continues`: the next line is comment too
   bool atStatementStart =
       false;  // the code ends where a statement may start (Rem is then a comment)
+  bool plain = false;  // no quote, colon, bracket or comment: the code is one statement
 };
 
 // `inComment`: a comment on the previous line was continued into this one. `atStatementStart`:
 // the previous line of the same logical line ended at the start of a statement.
 PhysicalLine ScanPhysicalLine(std::u16string_view text, bool inComment, bool atStatementStart);
+// The same, unit by unit, without the quick answer for plain lines (which must agree with it).
+PhysicalLine ScanPhysicalLineFully(std::u16string_view text, bool atStatementStart);
 
 // A statement continued over several physical lines is one logical line.
 struct LogicalLine {
@@ -43,6 +46,7 @@ struct LogicalLine {
   int last = 0;
   std::u16string_view code;  // the code of its physical lines joined by spaces, comments removed
   bool hasComment = false;
+  bool plain = false;  // one physical line of plain code: a single statement
   bool HasCode() const;
   bool IsBlank() const { return !hasComment && !HasCode(); }
 };
@@ -65,12 +69,15 @@ class LogicalLineReader {
 // ("Retry:") come out as statements of their own.
 class StatementSplitter {
  public:
-  explicit StatementSplitter(std::u16string_view code) : code_(code) {}
+  // `single`: the code is known to hold one statement (a plain line), given whole.
+  explicit StatementSplitter(std::u16string_view code, bool single = false)
+      : code_(code), single_(single) {}
   bool Next(std::u16string_view& statement);
 
  private:
   std::u16string_view code_;
   std::size_t pos_ = 0;
+  bool single_ = false;
   bool done_ = false;
 };
 

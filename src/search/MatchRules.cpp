@@ -141,7 +141,8 @@ std::int32_t FoldedFinder::ScanBlocks(std::u16string_view text, std::size_t from
 
 #if defined(__x86_64__)
 // The scan above, sixteen units at a time, for processors with AVX2 (asked when the finder is
-// made). Needs last - from + 1 >= 16.
+// made). Needs last - from + 1 >= 16. A body of its own: the wider intrinsics must sit in a
+// function compiled for AVX2, which the rest of the program does not assume.
 __attribute__((target("avx2"))) std::int32_t FoldedFinder::ScanWide(std::u16string_view text,
                                                                    std::size_t from,
                                                                    std::size_t last) const {

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
+#include "runtime/Utf.h"
 #include "support/VbText.h"
 
 namespace host {
@@ -73,6 +75,45 @@ struct LogicalExpect {
   std::u16string code;
   bool hasComment;
 };
+
+// Most lines take a quick path (no quote, apostrophe, colon or bracket); it must answer exactly
+// as the unit-by-unit scan does, on lines built from the pieces that decide: Rem and line
+// numbers where a statement starts, underscores inside names and as continuation marks, blanks
+// and tabs, and the marks themselves.
+TEST(ScanPhysicalLine, TheQuickPathForPlainLinesAgreesWithTheFullScan) {
+  const std::vector<std::u16string> pieces = {u"Rem", u"rem x", u"10", u" ", u"\t", u"_",
+                                              u"m_Total", u"End Sub", u"x = 1", u"(", u"é",
+                                              u"REMARK", u"\"", u"'", u":", u"[a b]"};
+  std::mt19937 random(3);
+  int quick = 0;
+  for (int i = 0; i < 20000; ++i) {
+    std::u16string text;
+    for (int n = static_cast<int>(random() % 5); n >= 0; --n) {
+      // The marks are rarer, so that plenty of lines are plain.
+      std::size_t piece = random() % pieces.size();
+      if (piece >= 12 && random() % 3 != 0) piece = random() % 12;
+      text += pieces[piece];
+    }
+    for (bool atStart : {true, false}) {
+      const PhysicalLine fast = ScanPhysicalLine(text, false, atStart);
+      const PhysicalLine full = ScanPhysicalLineFully(text, atStart);
+      quick += fast.plain;
+      ASSERT_EQ(fast.code, full.code) << vb::ToUtf8(text);
+      ASSERT_EQ(fast.hasComment, full.hasComment) << vb::ToUtf8(text);
+      ASSERT_EQ(fast.continues, full.continues) << vb::ToUtf8(text);
+      ASSERT_EQ(fast.endsInComment, full.endsInComment) << vb::ToUtf8(text);
+      ASSERT_EQ(fast.atStatementStart, full.atStatementStart) << vb::ToUtf8(text) << atStart;
+      if (fast.plain) {
+        std::u16string_view statement;
+        StatementSplitter splitter(full.code);
+        ASSERT_TRUE(splitter.Next(statement));
+        EXPECT_EQ(statement, fast.code);
+        EXPECT_FALSE(splitter.Next(statement)) << "a plain line holds one statement";
+      }
+    }
+  }
+  EXPECT_GT(quick, 5000);  // the quick path was taken often enough to be tested
+}
 
 TEST(LogicalLineReader, JoinsContinuedLines) {
   const auto lines = VbLines(

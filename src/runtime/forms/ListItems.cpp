@@ -2,6 +2,7 @@
 #include "runtime/forms/ListItems.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -65,12 +66,12 @@ void ListItem::SetTag(std::u16string_view value) {
 
 void ListItem::SetSmallIcon(std::u16string_view value) {
   owner_->CheckSmallIcon(value);
-  smallIcon_ = owner_->StoreIcon(owner_->lastSmallIcon_, value);
+  smallIcon_ = owner_->StoreShared(owner_->lastSmallIcon_, value);
   Changed();
 }
 
 void ListItem::SetIcon(std::u16string_view value) {
-  icon_ = owner_->StoreIcon(owner_->lastIcon_, value);
+  icon_ = owner_->StoreShared(owner_->lastIcon_, value);
 }
 
 void ListItem::SetSelected(bool value) {
@@ -88,15 +89,22 @@ int ListItem::Index() const {
 
 // ListItems
 
-std::u16string_view ListItems::StoreColumn(std::size_t column, std::u16string_view text) {
-  if (column >= lastColumnText_.size()) lastColumnText_.resize(column + 1);
-  std::u16string_view& last = lastColumnText_[column];
-  if (last != text) last = arena_.Store(text);
-  return last;
+namespace {
+
+bool SameText(std::u16string_view a, std::u16string_view b) {
+  if (a.size() != b.size()) return false;
+  return a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
 }
 
-std::u16string_view ListItems::StoreIcon(std::u16string_view& last, std::u16string_view text) {
-  if (last != text) last = arena_.Store(text);
+}  // namespace
+
+std::u16string_view ListItems::StoreColumn(std::size_t column, std::u16string_view text) {
+  if (column >= lastColumnText_.size()) lastColumnText_.resize(column + 1);
+  return StoreShared(lastColumnText_[column], text);
+}
+
+std::u16string_view ListItems::StoreShared(std::u16string_view& last, std::u16string_view text) {
+  if (!SameText(last, text)) last = arena_.Store(text);
   return last;
 }
 
@@ -123,8 +131,8 @@ ListItem& ListItems::Add(int index, std::u16string_view key, std::u16string_view
   }
   item->key_ = arena_.Store(key);
   item->text_ = StoreColumn(0, text);
-  item->icon_ = StoreIcon(lastIcon_, icon);
-  item->smallIcon_ = StoreIcon(lastSmallIcon_, smallIcon);
+  item->icon_ = StoreShared(lastIcon_, icon);
+  item->smallIcon_ = StoreShared(lastSmallIcon_, smallIcon);
   if (!item->key_.empty() && !keys_.Insert(item, keyHash)) {
     free_.push_back(item);
     throw ctlerr::KeyNotUnique(key);

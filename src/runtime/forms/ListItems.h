@@ -50,7 +50,8 @@ class ListItems {
   // A stored copy of a column's text (0: the item's text, k: SubItems(k)), shared with the
   // previous row's when equal.
   std::u16string_view StoreColumn(std::size_t column, std::u16string_view text);
-  std::u16string_view StoreIcon(std::u16string_view& last, std::u16string_view text);
+  // A stored copy of `text`, or `last` when that holds the same text; `last` becomes it.
+  std::u16string_view StoreShared(std::u16string_view& last, std::u16string_view text);
   void CheckSmallIcon(std::u16string_view key) const;
   void Selecting(ListItem& item);
   void RowChanged(const ListItem& item);
