@@ -216,8 +216,10 @@ int main(int argc, char** argv) {
     double ours = 1e9;
     double first = 0;  // the first search of a session also builds each module's procedure index
     double clear = 0;
-    // QM_BENCH_RUNS=N repeats the search N times (3 by default), so that a profile sees mostly it.
-    int runs = std::getenv("QM_BENCH_RUNS") ? std::atoi(std::getenv("QM_BENCH_RUNS")) : 3;
+    // The first search builds the procedure indexes and warms the caches, as rg's first run does
+    // for its files; the best of the three after it is set beside rg's best of three after its
+    // first. QM_BENCH_RUNS=N searches N times instead, so that a profile sees mostly the search.
+    int runs = std::getenv("QM_BENCH_RUNS") ? std::atoi(std::getenv("QM_BENCH_RUNS")) : 4;
     for (int i = 0; i < std::max(runs, 1); ++i) {
       // The previous search's rows go first, timed apart: the search starts from an empty window.
       auto clearStart = Clock::now();
@@ -230,7 +232,7 @@ int main(int argc, char** argv) {
       dialog.ToolbarSearch();
       double seconds = Seconds(start);
       if (i == 0) first = seconds;
-      ours = std::min(ours, seconds);
+      if (i > 0 || runs <= 1) ours = std::min(ours, seconds);
     }
     int rows = main.gdocResults->lvwSearch.ListItems().Count();
     double rg = 0;
@@ -240,10 +242,10 @@ int main(int argc, char** argv) {
     int rgLines = 0;
     for (auto& [f, n] : rgCounts) rgLines += n;
     std::printf(
-        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; best of %d, "
-        "the first %.3f s; clearing the previous rows %.3f s more)\n",
-        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours, std::max(runs, 1),
-        first, clear);
+        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; best of %d after "
+        "the first, which took %.3f s; clearing the previous rows %.3f s more)\n",
+        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours,
+        std::max(runs - 1, 1), first, clear);
     if (rg < 0) {
       std::printf("  rg not available\n");
       continue;
