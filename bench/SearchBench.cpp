@@ -11,7 +11,6 @@
 
 #include "QuillmarkResources.h"
 #include "addin/Connect.h"
-#include "addin/Fields.h"
 #include "addin/Registration.h"
 #include "host/Addins.h"
 #include "host/Ide.h"
@@ -24,6 +23,7 @@
 #include "runtime/Shell.h"
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
+#include "search/ResultRowKey.h"
 #include "search/docResults.h"
 #include "search/frmSearch.h"
 #include "vbide/CodeModule.h"
@@ -131,15 +131,11 @@ std::map<std::string, int> RowCounts(World& world) {
   auto& items = main.gdocResults->lvwSearch.ListItems();
   std::map<std::u16string, std::string> paths;
   for (int i = 1; i <= items.Count(); ++i) {
-    std::u16string_view key = items.Item(i).Key();
-    std::u16string module =
-        quillmark::GetField(key, 0, u"|") + u"|" + quillmark::GetField(key, 1, u"|");
+    auto key = quillmark::ResultRowKey::Parse(items.Item(i).Key());
+    std::u16string module = key.project + u"|" + key.module;
     auto it = paths.find(module);
     if (it == paths.end()) {
-      auto component = main.gVBInstance->VBProjects()
-                           ->Item(quillmark::GetField(key, 0, u"|"))
-                           ->VBComponents()
-                           ->Item(quillmark::GetField(key, 1, u"|"));
+      auto component = key.Component(*main.gVBInstance);
       it = paths.emplace(module, fs::weakly_canonical(vb::ToUtf8(component->FileNames(1))).string())
                .first;
     }
@@ -192,6 +188,8 @@ int main(int argc, char** argv) {
   auto& main = world.Main();
   auto& dialog = *main.gfrmSearch;
   dialog.Load();
+  // QUILLMARK_NO_AVX2=1: the eight-unit scan, to set beside the sixteen-unit one.
+  if (std::getenv("QUILLMARK_NO_AVX2")) dialog.SetScanWidth(quillmark::ScanWidth::Eight);
   vb::UserActions ui(dialog);
   for (int i = 0; i < dialog.cboProject.ListCount(); ++i)
     if (dialog.cboProject.List(i) == quillmark::kAllProjects) ui.Pick(u"cboProject", i);

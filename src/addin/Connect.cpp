@@ -1,8 +1,8 @@
 // quillmark::Connect: connection, start-up, the public operations and disconnection.
 #include "addin/Connect.h"
 
-#include "addin/ResumeNext.h"
-#include "addin/mdlMainHelpers.h"
+#include "base/ResumeNext.h"
+#include "base/mdlMainHelpers.h"
 #include "newmember/frmNewMember.h"
 #include "options/frmAutoSave.h"
 #include "options/frmOptions.h"
@@ -26,7 +26,7 @@ constexpr std::u16string_view kConnectionErrorTitle = u"QuillmarkTools::OnConnec
 }  // namespace
 
 Connect::Connect(std::shared_ptr<vb::Runtime> runtime) : main_(std::move(runtime)) {
-  main_.connect = this;
+  main_.connect = anchor_.Ref();
 }
 
 Connect::~Connect() = default;
@@ -77,10 +77,7 @@ void Connect::ReopenWindows(bool atStartup) {
   using options::WindowVisible::kSearchResults;
   if (atStartup) {
     ResumeNext([&] {
-      if (settings.Whole(kSearchDialog) == -1) {
-        bool show = true;
-        ShowSearch(show);
-      }
+      if (settings.Whole(kSearchDialog) == -1) ShowSearch(true);
     });
     ResumeNext([&] {
       if (settings.Whole(kSearchResults) == -1) ShowResults();
@@ -95,8 +92,7 @@ void Connect::ReopenWindows(bool atStartup) {
   if (settings.Whole(kSearchResults) == -1) ShowResults();
   if (settings.Whole(kComponentViewer) == -1) ShowListView();
   // Any non-zero value shows it here, and ShowSearch always runs, so the dialog always exists.
-  bool show = settings.Whole(kSearchDialog) != 0;
-  ShowSearch(show);
+  ShowSearch(settings.Whole(kSearchDialog) != 0);
 }
 
 void Connect::FindMainWindow() {
@@ -142,6 +138,7 @@ void Connect::OnDisconnection(vbide::ext_DisconnectMode) {
   toolbarControls_.clear();
   menuPopup_.reset();
   toolbar_.reset();
+  anchor_.Release();
 }
 
 // ---- Public operations -------------------------------------------------------------------------
@@ -154,12 +151,12 @@ void Connect::ShowListView() {
     main_.gwinListView = main_.gVBInstance->Windows()->CreateToolWindow(
         addIn, kListViewProgId, kListViewCaption, kListViewGuid, document);
     main_.gdocListView = std::dynamic_pointer_cast<docListView>(document);
-    Obj(main_.gdocListView).SetConnect(this);
+    Obj(main_.gdocListView).SetConnect(anchor_.Ref());
   });
   ResumeNext([&] { Obj(main_.gwinListView).SetVisible(true); });
 }
 
-void Connect::ShowResults() {
+std::shared_ptr<docResults> Connect::ShowResults() {
   ResumeNext([&] {
     if (main_.gwinResults) return;
     auto addIn = main_.gVBInstance->Addins()->Item(kProgId);
@@ -167,12 +164,13 @@ void Connect::ShowResults() {
     main_.gwinResults = main_.gVBInstance->Windows()->CreateToolWindow(
         addIn, kResultsProgId, kResultsCaption, kResultsGuid, document);
     main_.gdocResults = std::dynamic_pointer_cast<docResults>(document);
-    Obj(main_.gdocResults).SetConnect(this);
+    Obj(main_.gdocResults).SetConnect(anchor_.Ref());
   });
   ResumeNext([&] { Obj(main_.gwinResults).SetVisible(true); });
+  return main_.gdocResults;
 }
 
-void Connect::ShowSearch(bool& show) {
+void Connect::ShowSearch(bool show) {
   ResumeNext([&] {
     if (!main_.gfrmSearch) main_.gfrmSearch = vb::New<frmSearch>(main_);
   });

@@ -5,7 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "addin/mdlMain.h"
+#include "base/ConnectRef.h"
+#include "base/IConnect.h"
+#include "base/mdlMain.h"
 #include "vbide/Event.h"
 #include "vbide/Events.h"
 #include "vbide/Extensibility.h"
@@ -16,7 +18,7 @@ inline constexpr std::u16string_view kProgId = u"QuillmarkTools.Connect";
 inline constexpr std::u16string_view kListViewProgId = u"QuillmarkTools.docListView";
 inline constexpr std::u16string_view kResultsProgId = u"QuillmarkTools.docResults";
 
-class Connect final : public vbide::IDTExtensibility, public std::enable_shared_from_this<Connect> {
+class Connect final : public vbide::IDTExtensibility, public IConnect {
  public:
   explicit Connect(std::shared_ptr<vb::Runtime> runtime);
   ~Connect() override;
@@ -28,20 +30,16 @@ class Connect final : public vbide::IDTExtensibility, public std::enable_shared_
   void OnAddInsUpdate() override;
   void OnStartupComplete() override;
 
-  // ---- Public operations, called back by the dialogs and tool windows
-  void ShowListView();
-  void ShowResults();
-  void ShowSearch(bool& show);
-  void HideListView();
-  void HideResults();
-  void HideSearch();
-  void LoadSearchCombo();
-  // Raises codeModified (the IDE's code was changed by the add-in itself).
-  void CodeModified();
-  // The add-in's one event, CodeModified, without arguments.
-  vbide::Event<> codeModified;
-
-  mdlMain& Main() { return main_; }
+  // ---- Public operations (IConnect), called back by the dialogs and tool windows
+  void ShowListView() override;
+  std::shared_ptr<docResults> ShowResults() override;
+  void ShowSearch(bool show) override;
+  void HideListView() override;
+  void HideResults() override;
+  void HideSearch() override;
+  void LoadSearchCombo() override;
+  void CodeModified() override;
+  mdlMain& Main() override { return main_; }
 
   // ---- Menu and toolbar handlers
   void Menu_ListView_Click();
@@ -80,6 +78,8 @@ class Connect final : public vbide::IDTExtensibility, public std::enable_shared_
       std::function<void(const vbide::CommandBarControlPtr&)> handler);
 
   mdlMain main_;
+  // Cut at disconnection: the tool windows that outlive it get error 91, not freed memory.
+  ConnectAnchor anchor_{*this};
   vbide::AddInPtr addIn_;
   vbide::CommandBarControlPtr menuPopup_;
   std::vector<vbide::CommandBarControlPtr> menuItems_;

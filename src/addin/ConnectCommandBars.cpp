@@ -2,9 +2,9 @@
 // placement, the recent-search box and the click handlers.
 #include "addin/Connect.h"
 
-#include "addin/ResumeNext.h"
 #include "addin/WindowCommands.h"
 #include "addin/frmAbout.h"
+#include "base/ResumeNext.h"
 #include "newmember/frmNewMember.h"
 #include "options/frmOptions.h"
 #include "runtime/Resources.h"
@@ -148,8 +148,7 @@ void Connect::Menu_ListView_Click() {
 }
 
 void Connect::Menu_Search_Click() {
-  bool show = true;
-  ShowSearch(show);
+  ShowSearch(true);
 }
 
 void Connect::Menu_ClosePane_Click() {

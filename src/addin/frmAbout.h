@@ -2,7 +2,7 @@
 // page in the user's browser.
 #pragma once
 
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/ControlArray.h"
 #include "runtime/forms/Form.h"

@@ -6,7 +6,6 @@
 #include <ostream>
 #include <set>
 
-#include "addin/Fields.h"
 #include "cli/Args.h"
 #include "cli/Commands.h"
 #include "cli/SearchSession.h"
@@ -14,6 +13,7 @@
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
 #include "runtime/VbStrings.h"
+#include "search/ResultRowKey.h"
 #include "vbide/CodeModule.h"
 #include "vbide/VBComponent.h"
 #include "vbide/VBE.h"
@@ -60,12 +60,12 @@ std::vector<Target> Targets(SearchSession& session, const std::set<int>& rows) {
   auto& items = session.Results().lvwSearch.ListItems();
   for (int i = 1; i <= items.Count(); ++i) {
     if (!rows.empty() && !rows.contains(i)) continue;
-    std::u16string_view key = items.Item(i).Key();
+    auto key = quillmark::ResultRowKey::Parse(items.Item(i).Key());
     Target t;
-    t.project = quillmark::GetField(key, 0, u"|");
-    t.module = quillmark::GetField(key, 1, u"|");
-    t.line = static_cast<int>(vb::Val(quillmark::GetField(key, 3, u"|")));
-    t.component = vbe->VBProjects()->Item(t.project)->VBComponents()->Item(t.module);
+    t.project = key.project;
+    t.module = key.module;
+    t.line = key.line;
+    t.component = key.Component(*vbe);
     t.before = t.component->CodeModule()->Lines(t.line, 1);
     targets.push_back(std::move(t));
   }
@@ -102,7 +102,7 @@ int ReplaceCommand(const std::vector<std::string>& argv, Streams io) {
     ui.Click(u"optReplace", all ? 0 : 1);
     ui.Click(u"cmdReplace");
   });
-  vb::UserActions(session.Results()).Click(u"cmdToolbar", 2);
+  vb::UserActions(session.Results()).Click(u"cmdToolbar", quillmark::docResults::kReplaceButton);
   if (session.ReportMessageBoxes(io.err) > 0) {
     io.err << "quillmark: nothing was saved\n";
     return 1;

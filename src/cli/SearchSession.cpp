@@ -3,8 +3,8 @@
 
 #include <regex>
 
-#include "addin/Fields.h"
 #include "cli/TourSteps.h"
+#include "cli/Workspace.h"
 #include "runtime/CaseFold.h"
 #include "runtime/CodePage.h"
 #include "runtime/Error.h"
@@ -12,6 +12,7 @@
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
 #include "runtime/VbStrings.h"
+#include "search/ResultRowKey.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
 #include "vbide/VBComponent.h"
@@ -45,7 +46,7 @@ SearchSession::SearchSession(const Args& args, std::ostream& err) : args_(args) 
   int codePage = args.IntOption("codepage", 1252);
   if (!vb::CodePage::Find(codePage))
     throw UsageError("unsupported code page " + std::to_string(codePage));
-  desk_ = MakeDesk(ConfigFolder(args.Option("config-dir")), codePage);
+  desk_ = composition::MakeDesk(composition::ConfigFolder(args.Option("config-dir")), codePage);
   desk_->runtime->SetDialogs(std::make_shared<vb::HeadlessPlatformDialogs>());
   OpenInDesk(*desk_, args.Positional()[0], err);
   desk_->ConnectAtStartup();
@@ -149,13 +150,11 @@ void SearchSession::PrintRows(std::ostream& out) const {
 void SearchSession::PrintJson(std::ostream& out) const {
   auto& items = Results().lvwSearch.ListItems();
   for (int i = 1; i <= items.Count(); ++i) {
-    auto& row = items.Item(i);
-    std::u16string_view key = row.Key();
-    out << "{\"project\":\"" << JsonString(quillmark::GetField(key, 0, u"|")) << "\",\"module\":\""
-        << JsonString(quillmark::GetField(key, 1, u"|")) << "\",\"procedure\":\""
-        << JsonString(quillmark::GetField(key, 2, u"|"))
-        << "\",\"line\":" << static_cast<long long>(vb::Val(quillmark::GetField(key, 3, u"|")))
-        << ",\"text\":\"" << JsonString(row.Tag()) << "\"}\n";
+    auto& item = items.Item(i);
+    auto row = quillmark::ResultRowKey::Parse(item.Key());
+    out << "{\"project\":\"" << JsonString(row.project) << "\",\"module\":\""
+        << JsonString(row.module) << "\",\"procedure\":\"" << JsonString(row.procedure)
+        << "\",\"line\":" << row.line << ",\"text\":\"" << JsonString(item.Tag()) << "\"}\n";
   }
 }
 

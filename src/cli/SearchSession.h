@@ -10,7 +10,7 @@
 
 #include "cli/Args.h"
 #include "cli/Commands.h"
-#include "cli/Composition.h"
+#include "composition/Composition.h"
 #include "search/docResults.h"
 #include "search/frmSearch.h"
 
@@ -34,7 +34,7 @@ class SearchSession {
 
   quillmark::frmSearch& Dialog() const;
   quillmark::docResults& Results() const;
-  Desk& GetDesk() const { return *desk_; }
+  composition::Desk& GetDesk() const { return *desk_; }
   int RowCount() const;
   // One line per row as the export writes it: the row text, then a tab and each sub-item.
   void PrintRows(std::ostream& out) const;
@@ -50,7 +50,7 @@ class SearchSession {
   void SetSelection(const std::string& selection);
 
   const Args& args_;
-  std::unique_ptr<Desk> desk_;
+  std::unique_ptr<composition::Desk> desk_;
 };
 
 // JSON string contents for a VB string: escapes for quotes, backslashes and control characters,

@@ -5,9 +5,10 @@
 
 #include "cli/Args.h"
 #include "cli/Commands.h"
-#include "cli/Composition.h"
 #include "cli/RecordingSettings.h"
 #include "cli/TourSteps.h"
+#include "cli/Workspace.h"
+#include "composition/Composition.h"
 #include "runtime/Utf.h"
 #include "vbide/CommandBars.h"
 
@@ -54,7 +55,8 @@ int TourCommand(const std::vector<std::string>& argv, Streams io) {
   Args args(argv, {}, {"codepage", "config-dir"});
   if (args.Positional().size() > 1) throw UsageError("tour takes at most one FILE");
   std::string file = args.Positional().empty() ? QM_SAMPLE_GROUP : args.Positional()[0];
-  auto desk = MakeDesk(ConfigFolder(args.Option("config-dir")), args.IntOption("codepage", 1252));
+  auto desk = composition::MakeDesk(composition::ConfigFolder(args.Option("config-dir")),
+                                    args.IntOption("codepage", 1252));
   auto recorder = std::make_shared<RecordingSettings>(desk->settings);
   desk->runtime->SetSettings(recorder);
   int problems = OpenInDesk(*desk, file, io.err);

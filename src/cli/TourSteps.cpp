@@ -1,9 +1,7 @@
-// The tour's steps, and opening a file in a desk.
+// The tour's steps.
 #include "cli/TourSteps.h"
 
-#include "cli/Args.h"
 #include "host/CommandBars.h"
-#include "host/files/Problem.h"
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
 #include "search/docResults.h"
@@ -17,21 +15,7 @@ constexpr std::u16string_view kTourSearch = u"Balance";
 
 }  // namespace
 
-int OpenInDesk(Desk& desk, const std::string& file, std::ostream& err) {
-  std::filesystem::path path(file);
-  std::string ext = path.extension().string();
-  for (auto& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (ext != ".vbg" && ext != ".vbp") throw UsageError(file + ": not a .vbg or .vbp file");
-  if (!std::filesystem::is_regular_file(path)) throw UsageError(file + ": no such file");
-  int problems = 0;
-  for (auto& problem : desk.ide->Open(path)) {
-    err << host::files::FormatProblem(problem) << "\n";
-    ++problems;
-  }
-  return problems;
-}
-
-int RunTourSteps(Desk& desk, Streams io) {
+int RunTourSteps(composition::Desk& desk, Streams io) {
   auto& main = desk.Addin()->Main();
   // The search dialog's scope first, as a user would set it, then the toolbar's box.
   auto& dialog = *main.gfrmSearch;

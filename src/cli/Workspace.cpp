@@ -2,67 +2,55 @@
 #include "cli/Workspace.h"
 
 #include "cli/Args.h"
-#include "runtime/CodePage.h"
+#include "host/ComponentKinds.h"
 #include "runtime/Utf.h"
 
 namespace cli {
 
-Workspace OpenWorkspace(const std::string& file, int codePage, std::ostream& err) {
-  if (!vb::CodePage::Find(codePage))
-    throw UsageError("unsupported code page " + std::to_string(codePage));
-  std::filesystem::path path(file);
-  std::string ext = path.extension().string();
-  for (auto& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (ext != ".vbg" && ext != ".vbp") throw UsageError(file + ": not a .vbg or .vbp file");
-  if (!std::filesystem::is_regular_file(path)) throw UsageError(file + ": no such file");
+namespace {
 
+// A file or code page the composition cannot open is the user's mistake on the command line.
+template <class Open>
+auto AsUsageError(Open&& open) {
+  try {
+    return open();
+  } catch (const composition::OpenError& e) {
+    throw UsageError(e.what());
+  }
+}
+
+}  // namespace
+
+Workspace OpenWorkspace(const std::string& file, int codePage, std::ostream& err) {
+  AsUsageError([&] {
+    composition::CheckCodePage(codePage);
+    return 0;
+  });
   Workspace ws;
-  ws.file = path;
+  ws.file = file;
   ws.ide = host::Ide::Create(
       {.clipboard = nullptr, .classes = nullptr, .codePage = codePage, .reportAddInError = {}});
-  for (auto& problem : ws.ide->Open(path)) {
-    err << host::files::FormatProblem(problem) << "\n";
-    ++ws.problems;
-  }
+  ws.problems = AsUsageError([&] { return composition::OpenProjectFile(*ws.ide, ws.file, err); });
   return ws;
 }
 
+int OpenInDesk(composition::Desk& desk, const std::string& file, std::ostream& err) {
+  return AsUsageError([&] { return composition::OpenProjectFile(*desk.ide, file, err); });
+}
+
 std::string KindName(int type) {
-  switch (type) {
-    case 1:
-      return "Module";
-    case 2:
-      return "Class";
-    case 3:
-      return "UserForm";
-    case 4:
-      return "Resource";
-    case 5:
-      return "Form";
-    case 6:
-      return "MDIForm";
-    case 7:
-      return "PropertyPage";
-    case 8:
-      return "UserControl";
-    case 9:
-      return "UserDocument";
-    case 10:
-      return "RelatedDocument";
-    case 11:
-      return "Designer";
-    default:
-      return "Unknown";
-  }
+  bool known = type >= vbide::vbext_ct_StdModule && type <= vbide::vbext_ct_ActiveXDesigner;
+  if (!known) return "Unknown";
+  return vb::ToUtf8(host::KindOf(static_cast<vbide::vbext_ComponentType>(type)).name);
 }
 
 std::string ProjectKindName(int type) {
   switch (type) {
-    case 1:
+    case vbide::vbext_pt_ActiveXExe:
       return "ActiveX EXE";
-    case 2:
+    case vbide::vbext_pt_ActiveXDll:
       return "ActiveX DLL";
-    case 3:
+    case vbide::vbext_pt_ActiveXControl:
       return "ActiveX Control";
     default:
       return "Standard EXE";

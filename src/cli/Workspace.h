@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "composition/Composition.h"
 #include "host/Ide.h"
 
 namespace cli {
@@ -20,6 +21,10 @@ struct Workspace {
 // message". Throws UsageError for a file that does not exist or is not a .vbg/.vbp, and for an
 // unsupported code page.
 Workspace OpenWorkspace(const std::string& file, int codePage, std::ostream& err);
+
+// Opens FILE in the desk's IDE, printing its problems as "file:line: message"; returns how many.
+// Throws UsageError for a file that is not a .vbg/.vbp that exists.
+int OpenInDesk(composition::Desk& desk, const std::string& file, std::ostream& err);
 
 // The kind of a component as the Project window names it ("Module", "Class", "Form" ...).
 std::string KindName(int componentType);

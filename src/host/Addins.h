@@ -13,7 +13,7 @@ namespace host {
 
 class Ide;
 
-class AddIn final : public vbide::AddIn, public std::enable_shared_from_this<AddIn> {
+class AddIn final : public vbide::AddIn {
  public:
   AddIn(std::weak_ptr<Ide> ide, std::u16string progId, std::u16string description)
       : ide_(std::move(ide)), progId_(std::move(progId)), description_(std::move(description)) {}
@@ -41,7 +41,7 @@ class AddIn final : public vbide::AddIn, public std::enable_shared_from_this<Add
   vbide::ext_ConnectMode mode_ = vbide::ext_cm_AfterStartup;
 };
 
-class Addins final : public vbide::Addins, public std::enable_shared_from_this<Addins> {
+class Addins final : public vbide::Addins {
  public:
   int Count() override { return static_cast<int>(items_.size()); }
   vbide::AddInPtr Item(int index) override;

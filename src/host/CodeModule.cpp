@@ -29,7 +29,8 @@ std::u16string CodeModule::What() const {
 
 files::CodeLines& CodeModule::Text() {
   // Every line read comes through here: the name is built only for the error.
-  if (!Alive()) CheckAlive(What());
+  if (!Alive()) [[unlikely]]
+    if (!Alive()) CheckAlive(What());
   auto c = component_.lock();
   if (!c) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
   return c->File().code;
@@ -59,12 +60,12 @@ const CodeIndex& CodeModule::Index(const files::CodeLines& text) {
 }
 
 vbide::VBComponentPtr CodeModule::Parent() {
-  CheckAlive(What());
+  if (!Alive()) CheckAlive(What());
   return component_.lock();
 }
 
 vbide::CodePanePtr CodeModule::CodePane() {
-  CheckAlive(What());
+  if (!Alive()) CheckAlive(What());
   if (!pane_) {
     auto component = component_.lock();
     auto ide = component->OwnerIde();

@@ -3,6 +3,7 @@
 
 #include "host/CodeModule.h"
 #include "host/Component.h"
+#include "host/ComponentKinds.h"
 #include "host/Ide.h"
 #include "host/Project.h"
 #include "runtime/Utf.h"
@@ -14,8 +15,8 @@ std::shared_ptr<CodePane> CodePane::Create(const std::shared_ptr<Ide>& ide,
   std::shared_ptr<CodePane> pane(new CodePane(ide, module));
   auto component = std::static_pointer_cast<Component>(module->Parent());
   auto project = component->OwnerProject();
-  std::u16string caption =
-      (project ? project->Name() : std::u16string()) + u" - " + component->Name() + u" (Code)";
+  std::u16string caption = WindowCaption(project ? project->Name() : std::u16string(),
+                                         component->Name(), kCodeWindowWord);
   pane->window_ = std::make_shared<host::Window>(ide, vbide::vbext_wt_CodeWindow, caption,
                                                  ide->NewHandle(caption), false);
   ide->WindowList()->Add(pane->window_);

@@ -11,10 +11,10 @@ vb::Error OutOfRange(std::u16string_view what) {
 }
 
 // The IDE's menus, in the order of its menu bar, with a few of each menu's own items so that the
-// studio shows a familiar menu bar. Tags let the studio wire its own commands to them.
+// studio shows a familiar menu bar. Their tags let the studio wire its own commands to them.
 struct BuiltInItem {
   const char16_t* caption;
-  const char16_t* tag;
+  IdeCommand command;
   bool beginGroup;
 };
 struct BuiltInMenu {
@@ -25,43 +25,43 @@ struct BuiltInMenu {
 const std::vector<BuiltInMenu>& BuiltInMenus() {
   static const std::vector<BuiltInMenu> menus = {
       {u"&File",
-       {{u"&Open Project...", u"ide.open", false},
-        {u"&Save Project", u"ide.save", true},
-        {u"Save Project &As...", u"ide.saveas", false},
-        {u"&Close Project", u"ide.close", false},
-        {u"E&xit", u"ide.exit", true}}},
-      {u"&Edit", {{u"&Undo", u"ide.undo", false}, {u"&Find...", u"ide.find", true}}},
+       {{u"&Open Project...", IdeCommand::Open, false},
+        {u"&Save Project", IdeCommand::Save, true},
+        {u"Save Project &As...", IdeCommand::SaveAs, false},
+        {u"&Close Project", IdeCommand::Close, false},
+        {u"E&xit", IdeCommand::Exit, true}}},
+      {u"&Edit", {{u"&Undo", IdeCommand::Undo, false}, {u"&Find...", IdeCommand::Find, true}}},
       {u"&View",
-       {{u"&Code", u"ide.view.code", false},
-        {u"O&bject", u"ide.view.object", false},
-        {u"&Immediate Window", u"ide.view.immediate", true},
-        {u"Project E&xplorer", u"ide.view.project", false},
-        {u"Properties &Window", u"ide.view.properties", false}}},
-      {u"&Project", {{u"Add &Module", u"ide.addmodule", false}, {u"Add &Class Module", u"ide.addclass", false}}},
-      {u"F&ormat", {{u"&Align", u"ide.align", false}}},
-      {u"&Debug", {{u"Step &Into", u"ide.stepinto", false}}},
-      {u"&Run", {{u"&Start", u"ide.start", false}, {u"&End", u"ide.end", false}}},
-      {u"&Tools", {{u"&Add Procedure...", u"ide.addprocedure", false}, {u"&Options...", u"ide.options", true}}},
-      {u"&Add-Ins", {{u"&Add-In Manager...", u"ide.addinmanager", false}}},
-      {u"&Window", {{u"&Cascade", u"ide.cascade", false}}},
-      {u"&Help", {{u"&About Microsoft Visual Basic...", u"ide.about", false}}},
+       {{u"&Code", IdeCommand::ViewCode, false},
+        {u"O&bject", IdeCommand::ViewObject, false},
+        {u"&Immediate Window", IdeCommand::ViewImmediate, true},
+        {u"Project E&xplorer", IdeCommand::ViewProject, false},
+        {u"Properties &Window", IdeCommand::ViewProperties, false}}},
+      {u"&Project", {{u"Add &Module", IdeCommand::AddModule, false}, {u"Add &Class Module", IdeCommand::AddClass, false}}},
+      {u"F&ormat", {{u"&Align", IdeCommand::Align, false}}},
+      {u"&Debug", {{u"Step &Into", IdeCommand::StepInto, false}}},
+      {u"&Run", {{u"&Start", IdeCommand::Start, false}, {u"&End", IdeCommand::End, false}}},
+      {u"&Tools", {{u"&Add Procedure...", IdeCommand::AddProcedure, false}, {u"&Options...", IdeCommand::Options, true}}},
+      {u"&Add-Ins", {{u"&Add-In Manager...", IdeCommand::AddInManager, false}}},
+      {u"&Window", {{u"&Cascade", IdeCommand::Cascade, false}}},
+      {u"&Help", {{u"&About Microsoft Visual Basic...", IdeCommand::About, false}}},
   };
   return menus;
 }
 
-// The Standard toolbar's buttons, with the tags of the menu items that do the same work. They
+// The Standard toolbar's buttons, with the commands of the menu items that do the same work. They
 // carry no faces: the studio draws its toolkit's usual pictures for these tags.
 constexpr BuiltInItem kStandardButtons[] = {
-    {u"Open Project", u"ide.open", false},
-    {u"Save Project", u"ide.save", false},
-    {u"Cut", u"ide.cut", true},
-    {u"Copy", u"ide.copy", false},
-    {u"Paste", u"ide.paste", false},
-    {u"Find", u"ide.find", true},
-    {u"Start", u"ide.start", true},
-    {u"End", u"ide.end", false},
-    {u"Project Explorer", u"ide.view.project", true},
-    {u"Properties Window", u"ide.view.properties", false},
+    {u"Open Project", IdeCommand::Open, false},
+    {u"Save Project", IdeCommand::Save, false},
+    {u"Cut", IdeCommand::Cut, true},
+    {u"Copy", IdeCommand::Copy, false},
+    {u"Paste", IdeCommand::Paste, false},
+    {u"Find", IdeCommand::Find, true},
+    {u"Start", IdeCommand::Start, true},
+    {u"End", IdeCommand::End, false},
+    {u"Project Explorer", IdeCommand::ViewProject, true},
+    {u"Properties Window", IdeCommand::ViewProperties, false},
 };
 
 }  // namespace
@@ -282,7 +282,7 @@ void CommandBar::Init(std::weak_ptr<host::CommandBars> owner) {
 }
 
 void CommandBar::Delete() {
-  CheckAlive(u"command bar " + name_);
+  CheckAlive(u"command bar", name_);
   if (auto owner = owner_.lock()) owner->Remove(this);
   Detach();
   context_->changed.Raise();
@@ -308,7 +308,7 @@ void CommandBars::BuildBuiltIns() {
     for (auto& item : menu.items) {
       auto c = bar->Controls()->Add(vbide::msoControlButton);
       c->SetCaption(item.caption);
-      c->SetTag(item.tag);
+      c->SetTag(CommandTag(item.command));
       c->SetBeginGroup(item.beginGroup);
     }
     popup->Bar()->Detach();  // replaced by the named bar below
@@ -327,7 +327,7 @@ void CommandBars::BuildBuiltIns() {
   for (auto& item : kStandardButtons) {
     auto c = standard->Controls()->Add(vbide::msoControlButton);
     c->SetCaption(item.caption);
-    c->SetTag(item.tag);
+    c->SetTag(CommandTag(item.command));
     c->SetBeginGroup(item.beginGroup);
   }
 }

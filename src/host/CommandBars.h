@@ -186,12 +186,12 @@ class CommandBar final : public vbide::CommandBar,
  private:
   template <class T>
   const T& Get(const T& field) const {
-    CheckAlive(u"command bar " + name_);
+    CheckAlive(u"command bar", name_);
     return field;
   }
   template <class T>
   void Set(T& field, T value) {
-    CheckAlive(u"command bar " + name_);
+    CheckAlive(u"command bar", name_);
     if (field == value) return;
     field = std::move(value);
     context_->changed.Raise();
@@ -229,6 +229,54 @@ class CommandBars final : public vbide::CommandBars,
   std::shared_ptr<CommandBarContext> context_;
   std::vector<std::shared_ptr<CommandBar>> bars_;
 };
+
+// The IDE's own menu items and Standard-toolbar buttons that a front end wires its commands to,
+// through the Tag each control carries.
+enum class IdeCommand {
+  Open,
+  Save,
+  SaveAs,
+  Close,
+  Exit,
+  Undo,
+  Find,
+  ViewCode,
+  ViewObject,
+  ViewImmediate,
+  ViewProject,
+  ViewProperties,
+  AddModule,
+  AddClass,
+  Align,
+  StepInto,
+  Start,
+  End,
+  AddProcedure,
+  Options,
+  AddInManager,
+  Cascade,
+  About,
+  Cut,
+  Copy,
+  Paste,
+};
+
+inline constexpr std::u16string_view kIdeCommandTags[] = {
+    u"ide.open",           u"ide.save",         u"ide.saveas",
+    u"ide.close",          u"ide.exit",         u"ide.undo",
+    u"ide.find",           u"ide.view.code",    u"ide.view.object",
+    u"ide.view.immediate", u"ide.view.project", u"ide.view.properties",
+    u"ide.addmodule",      u"ide.addclass",     u"ide.align",
+    u"ide.stepinto",       u"ide.start",        u"ide.end",
+    u"ide.addprocedure",   u"ide.options",      u"ide.addinmanager",
+    u"ide.cascade",        u"ide.about",        u"ide.cut",
+    u"ide.copy",           u"ide.paste",
+};
+static_assert(std::size(kIdeCommandTags) == static_cast<std::size_t>(IdeCommand::Paste) + 1);
+
+constexpr std::u16string_view CommandTag(IdeCommand command) {
+  return kIdeCommandTags[static_cast<std::size_t>(command)];
+}
 
 // "&File" -> "File": a caption without its access-key marks.
 std::u16string StripAccessKey(std::u16string_view caption);

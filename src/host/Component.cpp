@@ -3,6 +3,7 @@
 
 #include "host/CodeModule.h"
 #include "host/CodePane.h"
+#include "host/ComponentKinds.h"
 #include "host/Designer.h"
 #include "host/Ide.h"
 #include "host/Project.h"
@@ -14,55 +15,6 @@
 
 namespace host {
 namespace {
-
-struct KindInfo {
-  vbide::vbext_ComponentType type;
-  const char16_t* stem;  // default name stem
-  const char* extension;
-  const char16_t* caption;  // window-title word
-};
-
-const KindInfo& Info(vbide::vbext_ComponentType type) {
-  static const KindInfo kinds[] = {
-      {vbide::vbext_ct_StdModule, u"Module", ".bas", u"Code"},
-      {vbide::vbext_ct_ClassModule, u"Class", ".cls", u"Code"},
-      {vbide::vbext_ct_MSForm, u"UserForm", ".frm", u"UserForm"},
-      {vbide::vbext_ct_ResFile, u"Resource", ".res", u"Resource"},
-      {vbide::vbext_ct_VBForm, u"Form", ".frm", u"Form"},
-      {vbide::vbext_ct_VBMDIForm, u"MDIForm", ".frm", u"MDIForm"},
-      {vbide::vbext_ct_PropPage, u"PropertyPage", ".pag", u"PropertyPage"},
-      {vbide::vbext_ct_UserControl, u"UserControl", ".ctl", u"UserControl"},
-      {vbide::vbext_ct_DocObject, u"UserDocument", ".dob", u"UserDocument"},
-      {vbide::vbext_ct_RelatedDocument, u"Document", ".txt", u"Document"},
-      {vbide::vbext_ct_ActiveXDesigner, u"Designer", ".dsr", u"Designer"},
-  };
-  for (auto& k : kinds)
-    if (k.type == type) return k;
-  return kinds[0];
-}
-
-files::ItemKind ItemKindOf(vbide::vbext_ComponentType type) {
-  switch (type) {
-    case vbide::vbext_ct_StdModule:
-      return files::ItemKind::Module;
-    case vbide::vbext_ct_ClassModule:
-      return files::ItemKind::Class;
-    case vbide::vbext_ct_UserControl:
-      return files::ItemKind::UserControl;
-    case vbide::vbext_ct_PropPage:
-      return files::ItemKind::PropertyPage;
-    case vbide::vbext_ct_DocObject:
-      return files::ItemKind::UserDocument;
-    case vbide::vbext_ct_ActiveXDesigner:
-      return files::ItemKind::Designer;
-    case vbide::vbext_ct_ResFile:
-      return files::ItemKind::ResFile;
-    case vbide::vbext_ct_RelatedDocument:
-      return files::ItemKind::RelatedDoc;
-    default:
-      return files::ItemKind::Form;
-  }
-}
 
 // The file the IDE writes for a new component, before anything is typed into it.
 std::string NewModuleBytes(vbide::vbext_ComponentType type, const std::string& name) {
@@ -101,50 +53,7 @@ std::string NewModuleBytes(vbide::vbext_ComponentType type, const std::string& n
   }
 }
 
-files::ModuleKind ModuleKindOf(vbide::vbext_ComponentType type) {
-  switch (type) {
-    case vbide::vbext_ct_StdModule:
-      return files::ModuleKind::Standard;
-    case vbide::vbext_ct_ClassModule:
-      return files::ModuleKind::Class;
-    case vbide::vbext_ct_VBMDIForm:
-      return files::ModuleKind::MdiForm;
-    case vbide::vbext_ct_UserControl:
-      return files::ModuleKind::UserControl;
-    case vbide::vbext_ct_PropPage:
-      return files::ModuleKind::PropertyPage;
-    case vbide::vbext_ct_DocObject:
-      return files::ModuleKind::UserDocument;
-    case vbide::vbext_ct_ActiveXDesigner:
-      return files::ModuleKind::Designer;
-    default:
-      return files::ModuleKind::Form;
-  }
-}
-
 }  // namespace
-
-vbide::vbext_ComponentType ComponentTypeOf(files::ModuleKind kind) {
-  switch (kind) {
-    case files::ModuleKind::Standard:
-      return vbide::vbext_ct_StdModule;
-    case files::ModuleKind::Class:
-      return vbide::vbext_ct_ClassModule;
-    case files::ModuleKind::Form:
-      return vbide::vbext_ct_VBForm;
-    case files::ModuleKind::MdiForm:
-      return vbide::vbext_ct_VBMDIForm;
-    case files::ModuleKind::UserControl:
-      return vbide::vbext_ct_UserControl;
-    case files::ModuleKind::PropertyPage:
-      return vbide::vbext_ct_PropPage;
-    case files::ModuleKind::UserDocument:
-      return vbide::vbext_ct_DocObject;
-    case files::ModuleKind::Designer:
-      return vbide::vbext_ct_ActiveXDesigner;
-  }
-  return vbide::vbext_ct_StdModule;
-}
 
 // ---- Components --------------------------------------------------------------------------------
 
@@ -184,9 +93,9 @@ vbide::VBComponentPtr Components::Add(vbide::vbext_ComponentType type) {
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
                               u"component type " + vb::FromUtf8(std::to_string(type)));
   }
-  std::u16string name = UniqueName(Info(type).stem);
+  std::u16string name = UniqueName(KindOf(type).stem);
   files::Problems problems;
-  auto module = files::ReadModule(NewModuleBytes(type, vb::ToUtf8(name)), ModuleKindOf(type),
+  auto module = files::ReadModule(NewModuleBytes(type, vb::ToUtf8(name)), KindOf(type).module,
                                   project->Codec(), vb::ToUtf8(name), problems);
   auto component =
       std::make_shared<Component>(ide_, project_, type, std::move(module), name,
@@ -254,7 +163,7 @@ void Component::Init() {
 }
 
 std::u16string Component::Name() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return name_;
 }
 
@@ -262,11 +171,10 @@ int Component::FindItem() const {
   auto project = project_.lock();
   if (!project) return -1;
   const auto& items = project->File().items;
-  files::ItemKind kind = ItemKindOf(type_);
+  files::ItemKind kind = KindOf(type_).item;
   for (std::size_t i = 0; i < items.size(); ++i) {
     const auto& item = items[i];
-    if (item.kind != kind && !(kind == files::ItemKind::Form && item.kind == files::ItemKind::Form))
-      continue;
+    if (item.kind != kind) continue;
     if (!item.name.empty() && SameName(item.name, name_)) return static_cast<int>(i);
     if (!path_.empty()) {
       auto resolved = files::ResolvePath(project->Folder(), item.path, project->Codec());
@@ -277,7 +185,7 @@ int Component::FindItem() const {
 }
 
 void Component::SetName(std::u16string_view name) {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   auto project = project_.lock();
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty component name");
@@ -291,10 +199,10 @@ void Component::SetName(std::u16string_view name) {
   project->MarkFileChanged();
   auto ide = ide_.lock();
   if (module_ && module_->ExistingPane())
-    module_->ExistingPane()->CodeWindow()->SetCaption(project->Name() + u" - " + name_ +
-                                                      u" (Code)");
+    module_->ExistingPane()->CodeWindow()->SetCaption(
+        WindowCaption(project->Name(), name_, kCodeWindowWord));
   if (designerWindow_)
-    designerWindow_->SetCaption(project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")");
+    designerWindow_->SetCaption(WindowCaption(project->Name(), name_, DesignerKind()));
   if (ide) {
     auto self = shared_from_this();
     ide->Hub().ForComponents(
@@ -304,48 +212,48 @@ void Component::SetName(std::u16string_view name) {
 }
 
 vbide::vbext_ComponentType Component::Type() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return type_;
 }
 
 vbide::CodeModulePtr Component::CodeModule() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return module_;
 }
 
 vbide::VBFormPtr Component::Designer() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return designer_;
 }
 
 bool Component::IsDirty() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return dirty_;
 }
 
 int Component::FileCount() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   if (path_.empty()) return 0;
   return 1 + static_cast<int>(companions_.size());
 }
 
 std::u16string Component::FileNames(int index) {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   if (index < 1 || index > FileCount())
     throw vb::Error::Standard(vb::err::kSubscriptOutOfRange, u"file index");
   return vb::FromUtf8((index == 1 ? path_ : companions_[index - 2]).string());
 }
 
 std::string Component::DefaultFileName() const {
-  return vb::ToUtf8(name_) + Info(type_).extension;
+  return vb::ToUtf8(name_) + std::string(KindOf(type_).extension);
 }
 
 std::u16string Component::DesignerKind() const {
-  return Info(type_).caption;
+  return std::u16string(KindOf(type_).caption);
 }
 
 void Component::SaveAs(std::u16string_view fileName) {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   auto project = project_.lock();
   std::filesystem::path target = std::filesystem::absolute(vb::PathFromVb(fileName));
   if (file_) {
@@ -375,7 +283,7 @@ void Component::SaveAs(std::u16string_view fileName) {
     for (auto& c : itemPath)
       if (c == u'/') c = u'\\';
     files::AddItem(
-        project->File(), ItemKindOf(type_),
+        project->File(), KindOf(type_).item,
         (type_ == vbide::vbext_ct_StdModule || type_ == vbide::vbext_ct_ClassModule) ? name_ : u"",
         itemPath, project->Codec());
     project->MarkFileChanged();
@@ -385,13 +293,13 @@ void Component::SaveAs(std::u16string_view fileName) {
 }
 
 void Component::Activate() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   auto ide = ide_.lock();
   auto project = project_.lock();
   if (!ide) return;
   if (designer_) {
     if (!designerWindow_ || !designerWindow_->Alive()) {
-      std::u16string caption = project->Name() + u" - " + name_ + u" (" + DesignerKind() + u")";
+      std::u16string caption = WindowCaption(project->Name(), name_, DesignerKind());
       designerWindow_ = std::make_shared<Window>(ide, vbide::vbext_wt_Designer, caption,
                                                  ide->NewHandle(caption), false);
       ide->WindowList()->Add(designerWindow_);
@@ -408,12 +316,12 @@ void Component::Activate() {
 }
 
 vbide::WindowPtr Component::DesignerWindow() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   return designerWindow_ && designerWindow_->Alive() ? designerWindow_ : nullptr;
 }
 
 vbide::VBComponentsPtr Component::Collection() {
-  CheckAlive(What());
+  CheckAlive(u"component", name_);
   auto project = project_.lock();
   return project ? project->VBComponents() : nullptr;
 }

@@ -21,8 +21,7 @@ class Designer;
 class Window;
 class Component;
 
-class Components final : public vbide::VBComponents,
-                         public std::enable_shared_from_this<Components> {
+class Components final : public vbide::VBComponents {
  public:
   Components(std::weak_ptr<Ide> ide, std::weak_ptr<Project> project)
       : ide_(std::move(ide)), project_(std::move(project)) {}
@@ -101,7 +100,5 @@ class Component final : public vbide::VBComponent,
   std::shared_ptr<Window> designerWindow_;
   bool dirty_ = false;
 };
-
-vbide::vbext_ComponentType ComponentTypeOf(files::ModuleKind kind);
 
 }  // namespace host

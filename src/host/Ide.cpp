@@ -5,6 +5,7 @@
 #include "host/CodeModule.h"
 #include "host/CodePane.h"
 #include "host/Component.h"
+#include "host/ComponentKinds.h"
 #include "host/Project.h"
 #include "host/files/FileIo.h"
 #include "host/files/ProjectLoader.h"

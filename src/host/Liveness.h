@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "runtime/Error.h"
 
@@ -14,12 +15,16 @@ class Liveness {
   void MarkRemoved() { alive_ = false; }
 
  protected:
-  // `what` names the object in the error ("component Form1").
-  void CheckAlive(const std::u16string& what) const {
-    if (!alive_) throw vb::Error::Standard(vb::err::kObjectNotSet, what + u" was removed");
+  // `kind` and `name` name the object in the error ("component Form1"). Called on every
+  // getter, so the text is put together only when the check fails.
+  void CheckAlive(std::u16string_view kind, std::u16string_view name = {}) const {
+    if (!alive_) [[unlikely]]
+      Removed(kind, name);
   }
 
  private:
+  [[noreturn]] static void Removed(std::u16string_view kind, std::u16string_view name);
+
   bool alive_ = true;
 };
 

@@ -47,12 +47,12 @@ void Project::Init(std::weak_ptr<Projects> collection) {
 }
 
 std::u16string Project::Name() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   return file_.name;
 }
 
 void Project::SetName(std::u16string_view name) {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty project name");
   std::u16string oldName = file_.name;
@@ -65,12 +65,12 @@ void Project::SetName(std::u16string_view name) {
 }
 
 std::u16string Project::FileName() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   return path_.empty() ? std::u16string() : vb::FromUtf8(path_.string());
 }
 
 vbide::vbext_ProjectType Project::Type() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   if (SameName(file_.type, u"OleExe")) return vbide::vbext_pt_ActiveXExe;
   if (SameName(file_.type, u"OleDll")) return vbide::vbext_pt_ActiveXDll;
   if (SameName(file_.type, u"Control")) return vbide::vbext_pt_ActiveXControl;
@@ -78,7 +78,7 @@ vbide::vbext_ProjectType Project::Type() {
 }
 
 bool Project::IsDirty() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   if (fileDirty_) return true;
   for (auto& c : components_->List())
     if (c->IsDirty()) return true;
@@ -94,7 +94,7 @@ void Project::WriteProjectFile(const std::filesystem::path& path) {
 }
 
 void Project::SaveAs(std::u16string_view fileName) {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   std::filesystem::path target = std::filesystem::absolute(vb::PathFromVb(fileName));
   // Components first (a never-saved one is written beside the project file), then the project
   // file, so a failure leaves the project file describing files that exist.
@@ -112,17 +112,17 @@ void Project::SaveAs(std::u16string_view fileName) {
 }
 
 vbide::VBComponentsPtr Project::VBComponents() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   return components_;
 }
 
 vbide::VBProjectsPtr Project::Collection() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   return collection_.lock();
 }
 
 int Project::CodePage() {
-  CheckAlive(What());
+  CheckAlive(u"project", file_.name);
   return codePage_->Number();
 }
 

@@ -17,7 +17,7 @@ class Ide;
 class Components;
 class Project;
 
-class Projects final : public vbide::VBProjects, public std::enable_shared_from_this<Projects> {
+class Projects final : public vbide::VBProjects {
  public:
   explicit Projects(std::weak_ptr<Ide> ide) : ide_(std::move(ide)) {}
   int Count() override { return static_cast<int>(items_.size()); }

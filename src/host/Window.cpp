@@ -16,7 +16,7 @@ Window::Window(std::weak_ptr<Ide> ide, vbide::vbext_WindowType type, std::u16str
       visible_(visible) {}
 
 std::u16string Window::Caption() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   return caption_;
 }
 
@@ -29,17 +29,17 @@ void Window::SetCaption(std::u16string caption) {
 }
 
 vbide::vbext_WindowType Window::Type() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   return type_;
 }
 
 bool Window::Visible() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   return visible_;
 }
 
 void Window::SetVisible(bool visible) {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   if (visible_ == visible) return;
   visible_ = visible;
   // A tool window's document sees its window shown and hidden.
@@ -51,7 +51,7 @@ void Window::SetVisible(bool visible) {
 }
 
 void Window::Close() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   auto ide = ide_.lock();
   if (type_ == vbide::vbext_wt_CodeWindow || type_ == vbide::vbext_wt_Designer) {
     // Code and designer windows go away without asking; the pane or designer window is gone.
@@ -67,17 +67,17 @@ void Window::Close() {
 }
 
 void Window::SetFocus() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   if (auto ide = ide_.lock()) ide->WindowFocused(this);
 }
 
 std::intptr_t Window::HWnd() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   return hwnd_;
 }
 
 vbide::WindowsPtr Window::Collection() {
-  CheckAlive(u"window " + caption_);
+  CheckAlive(u"window", caption_);
   auto ide = ide_.lock();
   return ide ? ide->Windows() : nullptr;
 }

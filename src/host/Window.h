@@ -16,7 +16,7 @@ namespace host {
 
 class Ide;
 
-class Window : public vbide::Window, public Liveness, public std::enable_shared_from_this<Window> {
+class Window : public vbide::Window, public Liveness {
  public:
   Window(std::weak_ptr<Ide> ide, vbide::vbext_WindowType type, std::u16string caption,
          std::intptr_t hwnd, bool visible);
@@ -79,7 +79,7 @@ class ImmediateWindow final : public Window {
   std::size_t anchor_ = 0;
 };
 
-class Windows final : public vbide::Windows, public std::enable_shared_from_this<Windows> {
+class Windows final : public vbide::Windows {
  public:
   Windows(std::weak_ptr<Ide> ide, std::shared_ptr<const vbide::ClassRegistry> classes)
       : ide_(std::move(ide)), classes_(std::move(classes)) {}

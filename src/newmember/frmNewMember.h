@@ -1,7 +1,7 @@
 // quillmark::frmNewMember: the New Member dialog.
 #pragma once
 
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 #include "runtime/forms/Form.h"
 
 namespace quillmark {

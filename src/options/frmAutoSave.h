@@ -1,7 +1,7 @@
 // quillmark::frmAutoSave: the Auto-Save countdown form (loaded hidden while connected).
 #pragma once
 
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 #include "runtime/forms/Form.h"
 
 namespace quillmark {

@@ -1,7 +1,7 @@
 // quillmark::frmOptions: the Options dialog.
 #pragma once
 
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 #include "runtime/forms/Form.h"
 
 namespace quillmark {

@@ -11,7 +11,7 @@ UserDocument::UserDocument(vb::Runtime& runtime, std::u16string name)
 void UserDocument::Display(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
-  NotifyPeer("Visible");
+  NotifyPeer(Property::Visible);
   if (visible) {
     UserDocument_Show();
   } else {
@@ -24,7 +24,7 @@ void UserDocument::SetExtent(float width, float height) {
     if (width < 0 || height < 0) throw ctlerr::InvalidPropertyValue(Name() + u".Extent");
     width_ = width;
     height_ = height;
-    NotifyPeer("Extent");
+    NotifyPeer(Property::Extent);
     UserDocument_Resize();
   });
 }

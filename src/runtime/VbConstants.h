@@ -69,6 +69,11 @@ inline constexpr int vbAppTaskManager = 3;
 inline constexpr int vbFormMDIForm = 4;
 inline constexpr int vbFormOwner = 5;
 
+// ComboBox styles
+inline constexpr int vbComboDropdown = 0;
+inline constexpr int vbComboSimple = 1;
+inline constexpr int vbComboDropdownList = 2;
+
 // WindowState and MousePointer
 inline constexpr int vbNormal = 0;
 inline constexpr int vbMinimized = 1;

@@ -2,7 +2,6 @@
 // finder that does the case-insensitive find quickly.
 #include "search/MatchRules.h"
 
-#include <cstdlib>
 
 #include "runtime/CaseFold.h"
 #include "runtime/FoldTable.h"
@@ -48,7 +47,7 @@ constexpr int Commonness(char16_t unit) {
   return 5;  // other punctuation is rare in code
 }
 
-FoldedFinder::FoldedFinder(std::u16string_view searchText)
+FoldedFinder::FoldedFinder(std::u16string_view searchText, ScanWidth width)
     : searchText_(searchText), folded_(vb::FoldCase(searchText)) {
   // The two rarest ASCII units at different offsets; the second is the first when only one is.
   int best = 1000, next = 1000;
@@ -79,7 +78,7 @@ FoldedFinder::FoldedFinder(std::u16string_view searchText)
   second_ = anchor(nextAt);
 #if defined(__x86_64__)
   __builtin_cpu_init();
-  wide_ = __builtin_cpu_supports("avx2") && std::getenv("QUILLMARK_NO_AVX2") == nullptr;
+  wide_ = width == ScanWidth::Widest && __builtin_cpu_supports("avx2");
 #endif
 }
 

@@ -28,12 +28,16 @@ constexpr bool IsCommentLine(std::u16string_view line) {
   return first != std::u16string_view::npos && line[first] == u'\'';
 }
 
+// How many units the finder's scan looks at at a time: sixteen where the processor has AVX2,
+// else eight; or eight always (to compare the two).
+enum class ScanWidth { Widest, Eight };
+
 // InStr with text comparison for one search text, set up once per search: the same answers as
 // vb::InStrFolded, found by scanning for the units that can start a match (eight at a time where
 // the processor allows) and comparing folded units only there.
 class FoldedFinder {
  public:
-  explicit FoldedFinder(std::u16string_view searchText = {});
+  explicit FoldedFinder(std::u16string_view searchText = {}, ScanWidth width = ScanWidth::Widest);
   const std::u16string& SearchText() const { return searchText_; }
   const std::u16string& Folded() const { return folded_; }
   // The 1-based position of the first occurrence at or after `start`, or 0. A start below 1
@@ -59,8 +63,7 @@ class FoldedFinder {
   std::int32_t ScanWide(std::u16string_view text, std::size_t from, std::size_t last) const;
   Anchor first_, second_;
   bool scannable_ = false;
-  bool wide_ = false;  // sixteen units at a time (AVX2); QUILLMARK_NO_AVX2 in the environment
-                       // keeps to eight, for comparing the two
+  bool wide_ = false;  // sixteen units at a time (AVX2)
 };
 
 // The places in `lines` (from 0, in order) of the lines that hold the finder's search text,

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "addin/Fields.h"
+#include "base/Fields.h"
 #include "runtime/Error.h"
 #include "runtime/VbStrings.h"
 #include "vbide/Enums.h"

@@ -2,13 +2,12 @@
 // and opening and sorting rows.
 #include "search/docResults.h"
 
-#include "addin/Connect.h"
-#include "addin/Fields.h"
-#include "addin/ResumeNext.h"
-#include "addin/mdlMainHelpers.h"
+#include "base/ResumeNext.h"
+#include "base/mdlMainHelpers.h"
 #include "runtime/Resources.h"
 #include "runtime/VbStrings.h"
 #include "search/ResultColumns.h"
+#include "search/ResultRowKey.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
 #include "vbide/VBComponent.h"
@@ -48,8 +47,6 @@ constexpr std::u16string_view kImageKeys[] = {u"ActiveX Control",
 constexpr std::u16string_view kButtonTips[] = {u"Search", u"Stop Search", u"Replace",
                                                u"Export Results"};
 constexpr std::u16string_view kButtonPictures[] = {u"Search", u"Stop", u"Replace", u"Document"};
-constexpr int kStopButton = 1;
-constexpr int kReplaceButton = 2;
 constexpr float kButtonSize = 360;
 constexpr float kStatusBarHeight = 300;
 constexpr float kMargin = 30;
@@ -65,7 +62,7 @@ std::u16string_view TrimmedView(std::u16string_view text) {
 
 docResults::docResults(vb::Runtime& runtime)
     : UserDocument(runtime, u"docResults"), runtime_(runtime) {
-  for (int i = 0; i < 4; ++i) {
+  for (int i = kSearchButton; i <= kExportButton; ++i) {
     auto& button = cmdToolbar(i);
     button.SetContainer(&picToolbar);
     button.SetStyle(1);  // graphical
@@ -94,30 +91,20 @@ docResults::docResults(vb::Runtime& runtime)
 
 docResults::~docResults() = default;
 
-Connect& docResults::TheConnect() const {
-  if (!connect_) throw vb::Error::Standard(vb::err::kObjectNotSet, u"docResults has no connection");
-  return *connect_;
-}
-
-mdlMain& docResults::Main() const {
-  return TheConnect().Main();
-}
-
-void docResults::SetConnect(Connect* connect) {
-  connect_ = connect;
-  if (!connect_) return;
-  sharedRuntime_ = connect_->Main().runtime;
+void docResults::SetConnect(ConnectRef connect) {
+  connect_ = std::move(connect);
+  connected_ = true;
   // What the document does when it is created, once it can reach the add-in's settings.
   LoadColumnHeaders();
-  SetFullRowSelect(Main(), lvwSearch.hWnd());
+  SetFullRowSelect(runtime_, lvwSearch.hWnd());
   Layout();
 }
 
 void docResults::UserDocument_Terminate() {
-  if (!sharedRuntime_) return;
-  mdlMain settingsOnly(sharedRuntime_);
+  // The widths live in the settings store, which the runtime keeps after the add-in is gone.
+  if (!connected_) return;
   ResumeNext([&] {
-    SaveColumnWidths(settingsOnly, options::ColumnWidths::kSearchSection, lvwSearch,
+    SaveColumnWidths(runtime_, options::ColumnWidths::kSearchSection, lvwSearch,
                      options::ColumnWidths::kSearchPrefix);
   });
 }
@@ -126,12 +113,13 @@ void docResults::LoadColumnHeaders() {
   lvwSearch.ColumnHeaders().Clear();
   lvwSearch.ListItems().Clear();
   columnValues_.clear();
-  for (auto& caption : ShownColumns(Main().Settings().Text(options::Options::kColumns))) {
+  for (auto& caption :
+       ShownColumns(options::Settings(runtime_.Settings()).Text(options::Options::kColumns))) {
     columnValues_.push_back(ColumnValueIndex(caption));
     lvwSearch.ColumnHeaders().Add(0, {}, caption);
   }
   lvwSearch.SetSmallIcons(&ImageList1);
-  LoadColumnWidths(Main(), options::ColumnWidths::kSearchSection, lvwSearch,
+  LoadColumnWidths(runtime_, options::ColumnWidths::kSearchSection, lvwSearch,
                    options::ColumnWidths::kSearchPrefix);
 }
 
@@ -164,13 +152,7 @@ void docResults::AddResult(const vbide::VBProjectPtr& project,
   RowValues values{cachedProject_, cachedModule_, procedure, lineText, code};
 
   key_.clear();
-  key_.append(cachedProject_)
-      .append(u"|")
-      .append(cachedModule_)
-      .append(u"|")
-      .append(procedure)
-      .append(u"|")
-      .append(lineText);
+  ResultRowKey::AppendTo(key_, cachedProject_, cachedModule_, procedure, lineText);
   std::u16string_view text =
       columnValues_.empty() ? std::u16string_view() : ValueAt(values, columnValues_[0]);
   auto& item = lvwSearch.ListItems().Add(0, key_, text, {}, cachedIcon_);
@@ -203,11 +185,9 @@ void docResults::EndSearch() {
 
 void docResults::cmdToolbar_Click(int index) {
   switch (index) {
-    case 0: {
-      bool show = true;
-      TheConnect().ShowSearch(show);
+    case kSearchButton:
+      connect_->ShowSearch(true);
       break;
-    }
     case kStopButton:
       Main().StopSearch = true;
       break;
@@ -227,13 +207,9 @@ void docResults::lvwSearch_DblClick() {
     if (main.Searching) main.StopSearch = true;
     auto* item = lvwSearch.SelectedItem();
     if (!item) return;
-    std::u16string_view key = item->Key();
-    auto code = main.gVBInstance->VBProjects()
-                    ->Item(GetField(key, 0, u"|"))
-                    ->VBComponents()
-                    ->Item(GetField(key, 1, u"|"))
-                    ->CodeModule();
-    int line = static_cast<int>(vb::Val(GetField(key, 3, u"|")));
+    auto key = ResultRowKey::Parse(item->Key());
+    auto code = key.Component(Obj(main.gVBInstance))->CodeModule();
+    int line = key.line;
     auto pane = Obj(code).CodePane();
     ResumeNext([&] { pane->Show(); });
     // The current search text, found without the match options: it may differ from the text
@@ -261,7 +237,7 @@ void docResults::Layout() {
   float width = ScaleWidth();
   float height = ScaleHeight();
   float status = sbarResults.Height();
-  float button = cmdToolbar(0).Width();
+  float button = cmdToolbar(kSearchButton).Width();
   ResumeNext([&] { sbarResults.Move(0, height - status, width, status); });
   ResumeNext(
       [&] { picToolbar.Move(kMargin, kMargin, button + kMargin, height - 2 * kMargin - status); });

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/ConnectRef.h"
 #include "runtime/UserDocument.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/ControlArray.h"
@@ -23,7 +24,6 @@ class Runtime;
 
 namespace quillmark {
 
-class Connect;
 struct mdlMain;
 
 // A row's key is project, module, procedure and line joined by "|"; its tag is the line's
@@ -32,9 +32,9 @@ class docResults final : public vb::UserDocument {
  public:
   explicit docResults(vb::Runtime& runtime);
   ~docResults() override;
-  // The connection hands itself over when it creates the window; the columns, which live in
-  // the add-in's settings, are loaded then.
-  void SetConnect(Connect* connect);
+  // The connection hands over a reference to itself when it creates the window; the columns,
+  // which live in the add-in's settings, are loaded then.
+  void SetConnect(ConnectRef connect);
 
   // Called by the search engine.
   void InitSearch();
@@ -47,9 +47,15 @@ class docResults final : public vb::UserDocument {
   // Rebuilds the columns from the "Columns" setting (the Options dialog calls it too).
   void LoadColumnHeaders();
 
+  // cmdToolbar's buttons, by index.
+  static constexpr int kSearchButton = 0;
+  static constexpr int kStopButton = 1;
+  static constexpr int kReplaceButton = 2;
+  static constexpr int kExportButton = 3;
+
   vb::PictureBox picToolbar{*this, u"picToolbar"};
-  // 0 search dialog, 1 stop, 2 replace, 3 export.
-  vb::ControlArray<vb::CommandButton> cmdToolbar{*this, u"cmdToolbar", {0, 1, 2, 3}};
+  vb::ControlArray<vb::CommandButton> cmdToolbar{
+      *this, u"cmdToolbar", {kSearchButton, kStopButton, kReplaceButton, kExportButton}};
   vb::ListView lvwSearch{*this, u"lvwSearch"};
   vb::ImageList ImageList1{*this, u"ImageList1"};
   vb::StatusBar sbarResults{*this, u"sbarResults"};
@@ -66,12 +72,12 @@ class docResults final : public vb::UserDocument {
   void Layout();
   void Export();
   void Replace();
-  Connect& TheConnect() const;
-  mdlMain& Main() const;
+  // The add-in's state while connected; run-time error 91 once the connection is gone.
+  mdlMain& Main() const { return connect_.Main(); }
 
   vb::Runtime& runtime_;
-  Connect* connect_ = nullptr;
-  std::shared_ptr<vb::Runtime> sharedRuntime_;  // for saving the widths after the add-in is gone
+  ConnectRef connect_;
+  bool connected_ = false;  // set once SetConnect ran: the widths are saved at termination
   std::int32_t progressValue_ = 0;
   std::int32_t progressMaximum_ = 1;
   bool sortAscending_ = false;

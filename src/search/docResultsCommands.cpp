@@ -1,11 +1,12 @@
 // quillmark::docResults: the commands on the rows: replace and export.
-#include "addin/Fields.h"
-#include "addin/ResumeNext.h"
+#include "base/ResumeNext.h"
 #include "dialogs/CommonDialog.h"
 #include "runtime/CodePage.h"
 #include "runtime/FileSystem.h"
 #include "runtime/VbStrings.h"
+#include "search/ReplaceRule.h"
 #include "search/ResultColumns.h"
+#include "search/ResultRowKey.h"
 #include "search/docResults.h"
 #include "search/frmReplace.h"
 #include "search/frmSearch.h"
@@ -69,8 +70,9 @@ void docResults::Replace() {
 
     auto& search = Obj(main.gfrmSearch);
     const std::u16string searchText = main.SearchText;
-    auto searchLength = static_cast<std::int32_t>(searchText.size());
-    auto replaceLength = static_cast<std::int32_t>(replaceText.size());
+    LineMatcher match = [&](std::u16string_view line, std::int32_t start) {
+      return search.MatchText(line, start);
+    };
     int codeColumn = 0;  // 1-based; 0 when no column shows the code
     for (int c = 1; c <= lvwSearch.ColumnHeaders().Count(); ++c)
       if (lvwSearch.ColumnHeaders().Item(c).Text() == kColumnCode) codeColumn = c;
@@ -79,24 +81,12 @@ void docResults::Replace() {
     for (int i = items.Count(); i >= 1; --i) {
       auto& row = items.Item(i);
       if (replaceAll || row.Selected()) {
-        std::u16string line(row.Tag());
-        // An empty search text would insert the replacement forever; it replaces nothing.
-        std::int32_t at = searchText.empty() ? 0 : search.MatchText(line, 1);
-        while (at != 0) {
-          line = vb::Left(line, at - 1) + replaceText + vb::Mid(line, at + searchLength);
-          // Resumes after the inserted text, and stops at the first occurrence that fails the
-          // options as they are checked now. Intended.
-          at = search.MatchText(line, at + replaceLength);
-        }
-        std::u16string_view key = row.Key();
+        // The options as they are checked now, which may differ from the search's. Intended.
+        std::u16string line = ReplaceInLine(row.Tag(), searchText, replaceText, match);
+        auto key = ResultRowKey::Parse(row.Key());
         // The row's text is written even when nothing was replaced, over any later edit of
         // that line. Intended.
-        Obj(main.gVBInstance->VBProjects()
-                ->Item(GetField(key, 0, u"|"))
-                ->VBComponents()
-                ->Item(GetField(key, 1, u"|"))
-                ->CodeModule())
-            .ReplaceLine(static_cast<int>(vb::Val(GetField(key, 3, u"|"))), line);
+        Obj(key.Component(Obj(main.gVBInstance))->CodeModule()).ReplaceLine(key.line, line);
         if (search.MatchText(line, 1) != 0) {
           if (codeColumn == 1) row.SetText(vb::Trim(line));
           if (codeColumn > 1) row.SetSubItems(codeColumn - 1, vb::Trim(line));

@@ -1,7 +1,7 @@
 // quillmark::frmReplace.
 #include "search/frmReplace.h"
 
-#include "addin/mdlMainHelpers.h"
+#include "base/mdlMainHelpers.h"
 #include "runtime/Error.h"
 
 namespace quillmark {
@@ -47,7 +47,7 @@ bool frmReplace::Replace(std::u16string& replaceText, bool& replaceAll) {
 
 void frmReplace::Form_Load() {
   try {
-    LoadFormPosition(main_, *this, false);
+    LoadFormPosition(main_.Rt(), *this, false);
     main_.Rt().Windows().SetWindowPos(hWnd(), vb::kHwndTopMost, 0, 0, 0, 0,
                                       vb::kSwpNoMove | vb::kSwpNoSize);
     txtReplace.SetText(replaceText_);

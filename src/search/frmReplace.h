@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/ControlArray.h"
 #include "runtime/forms/Form.h"

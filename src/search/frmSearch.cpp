@@ -4,9 +4,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "addin/Connect.h"
-#include "addin/ResumeNext.h"
-#include "addin/mdlMainHelpers.h"
+#include "base/ResumeNext.h"
+#include "base/mdlMainHelpers.h"
 #include "runtime/VbConstants.h"
 #include "search/ResultColumns.h"
 #include "vbide/CodeModule.h"
@@ -18,15 +17,6 @@
 #include "vbide/VBProject.h"
 
 namespace quillmark {
-namespace {
-
-constexpr int kKeyEscape = 27;
-constexpr int kKeyF5 = 116;
-constexpr int kDropdownList = 2;
-constexpr int kHourglass = 11;
-
-}  // namespace
-
 frmSearch::frmSearch(mdlMain& main) : Form(main.Rt(), u"frmSearch"), main_(main) {
   SetCaption(u"Visual Search and Replace");
   SetBorderStyle(3);  // fixed dialog
@@ -41,7 +31,7 @@ frmSearch::frmSearch(mdlMain& main) : Form(main.Rt(), u"frmSearch"), main_(main)
   cmdSearch.SetDefault(true);
   cmdSearch.SetEnabled(false);
   for (auto* box : {&cboProject, &cboModule, &cboProcedure}) {
-    box->SetStyle(kDropdownList);
+    box->SetStyle(vb::vbComboDropdownList);
     box->SetSorted(true);
     box->SetContainer(&fraSearchIn);
   }
@@ -80,7 +70,7 @@ void frmSearch::EnsureLoaded() {
 }
 
 void frmSearch::Form_Load() {
-  LoadFormPosition(main_, *this, false);
+  LoadFormPosition(main_.Rt(), *this, false);
   LoadSearchCombo();
   main_.Rt().Windows().SetWindowPos(hWnd(), vb::kHwndTopMost, 0, 0, 0, 0,
                                     vb::kSwpNoMove | vb::kSwpNoSize);
@@ -107,16 +97,16 @@ void frmSearch::Form_Unload(int&) {
 }
 
 void frmSearch::Form_Terminate() {
-  ResumeNext([&] { SaveFormPosition(main_, *this, false); });
+  ResumeNext([&] { SaveFormPosition(main_.Rt(), *this, false); });
 }
 
 void frmSearch::Form_KeyDown(int& keyCode, int) {
-  if (keyCode == kKeyEscape) {
+  if (keyCode == vb::vbKeyEscape) {
     Unload();
     return;
   }
   // F5 repeats the last search as it was: the box's text and the history are left alone.
-  if (keyCode == kKeyF5 && !main_.SearchText.empty()) StartSearch();
+  if (keyCode == vb::vbKeyF5 && !main_.SearchText.empty()) StartSearch();
 }
 
 // ---- History -----------------------------------------------------------------------------------
@@ -142,7 +132,7 @@ void frmSearch::cmdSearch_Click() {
   int stored = std::min(cboSearch.ListCount(), options::SearchHistory::kMaxEntries);
   for (int i = 0; i < stored; ++i) entries.push_back(cboSearch.List(i));
   main_.Settings().SaveRecentSearches(entries);
-  if (main_.connect) main_.connect->LoadSearchCombo();
+  if (main_.connect.Alive()) main_.connect->LoadSearchCombo();
   StartSearch();
 }
 
@@ -239,7 +229,7 @@ void frmSearch::cboModule_Click() {
     cboProcedure.SetEnabled(false);
     return;
   }
-  SetMousePointer(kHourglass);
+  SetMousePointer(vb::vbHourglass);
   cboProcedure.Clear();
   cboProcedure.AddItem(std::u16string(kDeclarations));
   cboProcedure.AddItem(std::u16string(kAllProcedures));

@@ -2,8 +2,7 @@
 // workers that walk projects, modules, procedures and the selection.
 #include <array>
 
-#include "addin/Connect.h"
-#include "addin/ResumeNext.h"
+#include "base/ResumeNext.h"
 #include "runtime/VbStrings.h"
 #include "search/ResultColumns.h"
 #include "search/docResults.h"
@@ -26,7 +25,8 @@ std::int32_t frmSearch::MatchText(std::u16string_view line, std::int32_t start) 
 }
 
 const FoldedFinder& frmSearch::Finder() {
-  if (finder_.SearchText() != main_.SearchText) finder_ = FoldedFinder(main_.SearchText);
+  if (finder_.SearchText() != main_.SearchText)
+    finder_ = FoldedFinder(main_.SearchText, scanWidth_);
   return finder_;
 }
 
@@ -36,10 +36,8 @@ void frmSearch::ToolbarSearch() {
 
 void frmSearch::StartSearch() {
   main_.Searching = true;
-  if (!main_.connect) throw vb::Error::Standard(vb::err::kObjectNotSet);
-  main_.connect->ShowResults();
   // Held here: the window may be released while the search yields.
-  std::shared_ptr<docResults> results = main_.gdocResults;
+  std::shared_ptr<docResults> results = main_.connect->ShowResults();
   Obj(results).InitSearch();
   EnsureLoaded();
   auto vbe = main_.gVBInstance;

@@ -20,46 +20,46 @@ namespace {
 
 // The shortcuts VB6 users know, for the built-in items that carry them.
 struct Shortcut {
-  std::u16string_view tag;
+  host::IdeCommand command;
   const char* keys;
 };
 constexpr Shortcut kShortcuts[] = {
-    {u"ide.open", "Ctrl+O"},           {u"ide.save", "Ctrl+S"},
-    {u"ide.undo", "Ctrl+Z"},           {u"ide.find", "Ctrl+F"},
-    {u"ide.view.code", "F7"},          {u"ide.view.object", "Shift+F7"},
-    {u"ide.view.immediate", "Ctrl+G"}, {u"ide.view.project", "Ctrl+R"},
-    {u"ide.view.properties", "F4"},    {u"ide.start", "F5"},
-    {u"ide.stepinto", "F8"},
+    {host::IdeCommand::Open, "Ctrl+O"},          {host::IdeCommand::Save, "Ctrl+S"},
+    {host::IdeCommand::Undo, "Ctrl+Z"},          {host::IdeCommand::Find, "Ctrl+F"},
+    {host::IdeCommand::ViewCode, "F7"},          {host::IdeCommand::ViewObject, "Shift+F7"},
+    {host::IdeCommand::ViewImmediate, "Ctrl+G"}, {host::IdeCommand::ViewProject, "Ctrl+R"},
+    {host::IdeCommand::ViewProperties, "F4"},    {host::IdeCommand::Start, "F5"},
+    {host::IdeCommand::StepInto, "F8"},
 };
 
 QKeySequence ShortcutFor(std::u16string_view tag) {
   for (auto& s : kShortcuts)
-    if (s.tag == tag) return QKeySequence(QString::fromLatin1(s.keys));
+    if (host::CommandTag(s.command) == tag) return QKeySequence(QString::fromLatin1(s.keys));
   return {};
 }
 
 // The built-in buttons carry no face of their own; the toolkit's usual pictures stand in, so
 // the Standard toolbar looks like one.
 struct StandardFace {
-  std::u16string_view tag;
+  host::IdeCommand command;
   QStyle::StandardPixmap pixmap;
 };
 constexpr StandardFace kStandardFaces[] = {
-    {u"ide.open", QStyle::SP_DialogOpenButton},
-    {u"ide.save", QStyle::SP_DialogSaveButton},
-    {u"ide.cut", QStyle::SP_DialogDiscardButton},
-    {u"ide.copy", QStyle::SP_FileIcon},
-    {u"ide.paste", QStyle::SP_DialogApplyButton},
-    {u"ide.find", QStyle::SP_FileDialogContentsView},
-    {u"ide.start", QStyle::SP_MediaPlay},
-    {u"ide.end", QStyle::SP_MediaStop},
-    {u"ide.view.project", QStyle::SP_DirIcon},
-    {u"ide.view.properties", QStyle::SP_FileDialogDetailedView},
+    {host::IdeCommand::Open, QStyle::SP_DialogOpenButton},
+    {host::IdeCommand::Save, QStyle::SP_DialogSaveButton},
+    {host::IdeCommand::Cut, QStyle::SP_DialogDiscardButton},
+    {host::IdeCommand::Copy, QStyle::SP_FileIcon},
+    {host::IdeCommand::Paste, QStyle::SP_DialogApplyButton},
+    {host::IdeCommand::Find, QStyle::SP_FileDialogContentsView},
+    {host::IdeCommand::Start, QStyle::SP_MediaPlay},
+    {host::IdeCommand::End, QStyle::SP_MediaStop},
+    {host::IdeCommand::ViewProject, QStyle::SP_DirIcon},
+    {host::IdeCommand::ViewProperties, QStyle::SP_FileDialogDetailedView},
 };
 
 QIcon StandardFaceFor(std::u16string_view tag, const QStyle& style) {
   for (auto& face : kStandardFaces)
-    if (face.tag == tag) return style.standardIcon(face.pixmap);
+    if (host::CommandTag(face.command) == tag) return style.standardIcon(face.pixmap);
   return {};
 }
 
@@ -93,8 +93,8 @@ CommandBarView::CommandBarView(QMainWindow& window, std::shared_ptr<host::Comman
 
 CommandBarView::~CommandBarView() = default;
 
-void CommandBarView::SetCommand(const std::u16string& tag, std::function<void()> command) {
-  commands_[tag] = std::move(command);
+void CommandBarView::SetCommand(host::IdeCommand ide, std::function<void()> command) {
+  commands_[std::u16string(host::CommandTag(ide))] = std::move(command);
 }
 
 void CommandBarView::AddExtraAction(const std::u16string& menuName, QAction* action) {

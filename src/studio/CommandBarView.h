@@ -29,9 +29,9 @@ class CommandBarView final : public QObject {
   CommandBarView(QMainWindow& window, std::shared_ptr<host::CommandBars> bars, Guard guard);
   ~CommandBarView() override;
 
-  // The studio's own work behind a built-in item, by the item's tag ("ide.open"). Clicking the
+  // The studio's own work behind a built-in item, by the item's command (its tag). Clicking the
   // item raises its Click for the add-ins first, then runs the command.
-  void SetCommand(const std::u16string& tag, std::function<void()> command);
+  void SetCommand(host::IdeCommand ide, std::function<void()> command);
   // Actions of the studio's own (not in the model) shown at the end of a menu, by the menu's
   // name without "&" ("View").
   void AddExtraAction(const std::u16string& menuName, QAction* action);

@@ -53,7 +53,8 @@ class MainWindow::HostSubWindow final : public QMdiSubWindow {
   std::shared_ptr<host::Window> window_;
 };
 
-MainWindow::MainWindow(cli::Desk& desk, const std::filesystem::path& placesFile, QWidget* parent)
+MainWindow::MainWindow(composition::Desk& desk, const std::filesystem::path& placesFile,
+                       QWidget* parent)
     : QMainWindow(parent),
       desk_(desk),
       places_(std::make_unique<QSettings>(QString::fromStdString(placesFile.string()),
@@ -143,39 +144,43 @@ void MainWindow::FitDocksToContent() {
 }
 
 void MainWindow::BindCommands() {
-  bars_->SetCommand(u"ide.open", [this] {
+  bars_->SetCommand(host::IdeCommand::Open, [this] {
     QString file = QFileDialog::getOpenFileName(
         this, tr("Open Project"), {}, tr("Visual Basic projects (*.vbp *.vbg);;All files (*)"));
     if (!file.isEmpty()) OpenProject(std::filesystem::path(file.toStdString()));
   });
-  bars_->SetCommand(u"ide.save", [this] { SaveProjects(); });
-  bars_->SetCommand(u"ide.saveas", [this] {
+  bars_->SetCommand(host::IdeCommand::Save, [this] { SaveProjects(); });
+  bars_->SetCommand(host::IdeCommand::SaveAs, [this] {
     if (auto project = desk_.ide->ActiveVBProject()) SaveProjectAs(project);
   });
-  bars_->SetCommand(u"ide.close", [this] { CloseActiveProject(); });
-  bars_->SetCommand(u"ide.exit", [this] { close(); });
-  bars_->SetCommand(u"ide.addinmanager", [this] {
+  bars_->SetCommand(host::IdeCommand::Close, [this] { CloseActiveProject(); });
+  bars_->SetCommand(host::IdeCommand::Exit, [this] { close(); });
+  bars_->SetCommand(host::IdeCommand::AddInManager, [this] {
     if (onAddInManager) onAddInManager();
   });
   auto show = [this](std::shared_ptr<host::Window> window) {
     window->SetVisible(true);
     window->SetFocus();
   };
-  bars_->SetCommand(u"ide.view.immediate", [this, show] { show(desk_.ide->Immediate()); });
-  bars_->SetCommand(u"ide.view.project", [this, show] { show(desk_.ide->ProjectWindow()); });
-  bars_->SetCommand(u"ide.view.properties", [this, show] { show(desk_.ide->PropertiesWindow()); });
-  bars_->SetCommand(u"ide.view.code", [this] {
+  bars_->SetCommand(host::IdeCommand::ViewImmediate,
+                    [this, show] { show(desk_.ide->Immediate()); });
+  bars_->SetCommand(host::IdeCommand::ViewProject,
+                    [this, show] { show(desk_.ide->ProjectWindow()); });
+  bars_->SetCommand(host::IdeCommand::ViewProperties,
+                    [this, show] { show(desk_.ide->PropertiesWindow()); });
+  bars_->SetCommand(host::IdeCommand::ViewCode, [this] {
     if (auto component = desk_.ide->SelectedVBComponent(); component && component->CodeModule())
       component->CodeModule()->CodePane()->Show();
   });
-  bars_->SetCommand(u"ide.view.object", [this] {
+  bars_->SetCommand(host::IdeCommand::ViewObject, [this] {
     if (auto component = desk_.ide->SelectedVBComponent()) component->Activate();
   });
-  bars_->SetCommand(u"ide.cascade", [this] { area_->cascadeSubWindows(); });
+  bars_->SetCommand(host::IdeCommand::Cascade, [this] { area_->cascadeSubWindows(); });
   // The clipboard buttons act on whatever has the keyboard: a code window, the Immediate window.
-  for (auto [tag, slot] : {std::pair{u"ide.cut", "cut"}, std::pair{u"ide.copy", "copy"},
-                           std::pair{u"ide.paste", "paste"}})
-    bars_->SetCommand(tag, [slot] {
+  for (auto [command, slot] :
+       {std::pair{host::IdeCommand::Cut, "cut"}, std::pair{host::IdeCommand::Copy, "copy"},
+        std::pair{host::IdeCommand::Paste, "paste"}})
+    bars_->SetCommand(command, [slot] {
       QWidget* focus = QApplication::focusWidget();
       if (focus && focus->metaObject()->indexOfMethod(QByteArray(slot) + "()") >= 0)
         QMetaObject::invokeMethod(focus, slot);

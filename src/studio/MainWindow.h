@@ -9,7 +9,7 @@
 #include <map>
 #include <memory>
 
-#include "cli/Composition.h"
+#include "composition/Composition.h"
 #include "vbide/Event.h"
 
 class QMdiArea;
@@ -34,7 +34,8 @@ class MainWindow final : public QMainWindow {
   Q_OBJECT
  public:
   // `desk` outlives the window. `placesFile` keeps the docks' places between runs.
-  MainWindow(cli::Desk& desk, const std::filesystem::path& placesFile, QWidget* parent = nullptr);
+  MainWindow(composition::Desk& desk, const std::filesystem::path& placesFile,
+             QWidget* parent = nullptr);
   ~MainWindow() override;
 
   // Draws the IDE's state now (otherwise drawn once per turn of the event loop after a change).
@@ -88,7 +89,7 @@ class MainWindow final : public QMainWindow {
   static constexpr int kDockWidth = 260;       // pixels: the right-hand docks at their narrowest
   static constexpr int kToolDockHeight = 240;  // pixels: a dozen rows of a list view
 
-  cli::Desk& desk_;
+  composition::Desk& desk_;
   std::unique_ptr<QSettings> places_;
   CommandBarView* bars_ = nullptr;
   QMdiArea* area_ = nullptr;

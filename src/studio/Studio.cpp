@@ -14,7 +14,7 @@
 namespace studio {
 
 Studio::Studio(const std::filesystem::path& configFolder, QtToolkitOptions toolkit)
-    : desk_(cli::MakeDesk(configFolder, 1252)),
+    : desk_(composition::MakeDesk(configFolder, 1252)),
       toolkit_(AttachQtToolkit(*desk_->runtime, toolkit)),
       addIns_(configFolder / "vbaddin.ini") {
   // First run: the add-in is listed to load at start-up, as its setup would have done.

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "cli/Composition.h"
+#include "composition/Composition.h"
 #include "studio/AddInList.h"
 #include "studio/peers/QtToolkit.h"
 
@@ -43,12 +43,12 @@ class Studio {
   bool WriteScreenshot(const QString& file);
   void Settle();
 
-  cli::Desk& Desk() { return *desk_; }
+  composition::Desk& Desk() { return *desk_; }
   MainWindow& Window() { return *window_; }
   AddInList& AddIns() { return addIns_; }
 
  private:
-  std::unique_ptr<cli::Desk> desk_;
+  std::unique_ptr<composition::Desk> desk_;
   std::unique_ptr<QtToolkit> toolkit_;  // after the desk it draws, gone before it
   AddInList addIns_;
   std::unique_ptr<MainWindow> window_;

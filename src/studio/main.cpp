@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
   std::filesystem::path project = positional.isEmpty()
                                       ? std::filesystem::path(QM_SAMPLE_GROUP)
                                       : std::filesystem::path(positional.front().toStdString());
-  studio::Studio studio(cli::ConfigFolder(folder));
+  studio::Studio studio(composition::ConfigFolder(folder));
   studio.Start(project);
   if (parser.isSet(screenshot)) {
     bool written = studio.WriteScreenshot(parser.value(screenshot));

@@ -30,7 +30,9 @@ class VBProject {
   virtual vbext_ProjectType Type() = 0;
   virtual bool IsDirty() = 0;
   bool Saved() { return !IsDirty(); }
-  // Writes the project file and every changed component, atomically (see HOST.md, Saving).
+  // Writes the project file and every changed component, each through a temporary file and a
+  // rename: a failure leaves the old file whole and raises 75 or 70 naming the path. Unchanged
+  // files and lines are written back byte for byte.
   virtual void SaveAs(std::u16string_view fileName) = 0;
   virtual VBComponentsPtr VBComponents() = 0;
   virtual VBProjectsPtr Collection() = 0;

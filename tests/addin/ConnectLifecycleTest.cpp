@@ -141,8 +141,7 @@ TEST(Disconnection, WritesWhichWindowsWereVisibleAndRemovesMenuAndToolbar) {
   addin->ShowResults();
   addin->ShowListView();
   addin->HideListView();
-  bool show = true;
-  addin->ShowSearch(show);
+  addin->ShowSearch(true);
   int toolsItems = w.ide->CommandBars()->Item(u"Tools")->Controls()->Count();
   w.Disconnect(vbide::ext_dm_UserClosed);
   EXPECT_EQ(w.Setting(u"Search Results", u"Visible"), u"-1");

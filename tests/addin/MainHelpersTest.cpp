@@ -2,7 +2,7 @@
 // placement and column widths in the settings, full-row selection and Alt-key forwarding.
 #include <gtest/gtest.h>
 
-#include "addin/mdlMainHelpers.h"
+#include "base/mdlMainHelpers.h"
 #include "runtime/UserDocument.h"
 #include "runtime/forms/Form.h"
 #include "runtime/forms/ListView.h"
@@ -79,25 +79,25 @@ TEST(FormPosition, NothingSavedCentresAndAMaximisedFormSavesOnlyItsState) {
   AddinWorld w;
   w.ConnectLater();
   frmPlaced form(*w.runtime);
-  quillmark::LoadFormPosition(w.Main(), form, true);
+  quillmark::LoadFormPosition(w.Main().Rt(), form, true);
   EXPECT_EQ(form.Width(), 9000);
   EXPECT_EQ(form.Height(), 6000);
   EXPECT_EQ(form.Left(), (w.runtime->GetScreen().Width() - 9000) / 2);
   EXPECT_EQ(form.Top(), (w.runtime->GetScreen().Height() - 6000) / 2);
 
   form.Move(300, 450, 7000, 5000);
-  quillmark::SaveFormPosition(w.Main(), form, true);
+  quillmark::SaveFormPosition(w.Main().Rt(), form, true);
   EXPECT_EQ(w.Setting(u"frmPlaced", u"Left"), u"300");
   EXPECT_EQ(w.Setting(u"frmPlaced", u"Width"), u"7000");
   form.SetWindowState(vb::vbMaximized);
   form.Move(0, 0);
-  quillmark::SaveFormPosition(w.Main(), form, true);
+  quillmark::SaveFormPosition(w.Main().Rt(), form, true);
   EXPECT_EQ(w.Setting(u"frmPlaced", u"WindowState"), u"2");
   EXPECT_EQ(w.Setting(u"frmPlaced", u"Left"), u"300");  // the last normal place stays
 
   frmPlaced again(*w.runtime);
   w.Store(u"frmPlaced", u"WindowState", u"0");
-  quillmark::LoadFormPosition(w.Main(), again, true);
+  quillmark::LoadFormPosition(w.Main().Rt(), again, true);
   EXPECT_EQ(again.Left(), 300);
   EXPECT_EQ(again.Top(), 450);
   EXPECT_EQ(again.Width(), 7000);
@@ -117,14 +117,14 @@ TEST(ColumnWidths, LoadCapsAt15000AndSaveWritesChangedWidthsLess285) {
   docColumns doc(*w.runtime);
   w.Store(u"Search", u"Col1", u"15001");
   w.Store(u"Search", u"Col2", u"15000");
-  quillmark::LoadColumnWidths(w.Main(), u"Search", doc.lvw, u"Col");
+  quillmark::LoadColumnWidths(w.Main().Rt(), u"Search", doc.lvw, u"Col");
   EXPECT_EQ(doc.lvw.ColumnHeaders().Item(1).Width(), 1440);
   EXPECT_EQ(doc.lvw.ColumnHeaders().Item(2).Width(), 15000);
   EXPECT_EQ(doc.lvw.ColumnHeaders().Item(3).Width(), 1440);
 
   doc.lvw.ColumnHeaders().Item(2).SetWidth(15004);  // within 5 twips of the stored 15000
   doc.lvw.ColumnHeaders().Item(3).SetWidth(2000);
-  quillmark::SaveColumnWidths(w.Main(), u"Search", doc.lvw, u"Col");
+  quillmark::SaveColumnWidths(w.Main().Rt(), u"Search", doc.lvw, u"Col");
   EXPECT_EQ(w.Setting(u"Search", u"Col1"), u"1155");   // 1440 shown, 15001 stored: 1440 - 285
   EXPECT_EQ(w.Setting(u"Search", u"Col2"), u"15000");  // close enough: not written
   EXPECT_EQ(w.Setting(u"Search", u"Col3"), u"1715");   // 2000 - 285, not added back later
@@ -134,7 +134,7 @@ TEST(WindowCalls, FullRowSelectSetsTheBitAndAltLettersGoToTheMainFrame) {
   AddinWorld w;
   w.ConnectLater();
   docColumns doc(*w.runtime);
-  quillmark::SetFullRowSelect(w.Main(), doc.lvw.hWnd());
+  quillmark::SetFullRowSelect(w.Main().Rt(), doc.lvw.hWnd());
   EXPECT_EQ(
       w.runtime->Windows().SendMessage(doc.lvw.hWnd(), vb::kLvmGetExtendedListViewStyle, 0, 0) & 32,
       32);
@@ -143,7 +143,7 @@ TEST(WindowCalls, FullRowSelectSetsTheBitAndAltLettersGoToTheMainFrame) {
   auto document = std::static_pointer_cast<host::Window>(w.Main().gwinListView)->Document();
   ASSERT_NE(document, nullptr);
   auto mainFrame = static_cast<vb::Hwnd>(w.ide->MainWindow()->HWnd());
-  EXPECT_EQ(quillmark::TopLevelParent(w.Main(), document->hWnd()), mainFrame);
+  EXPECT_EQ(quillmark::TopLevelParent(w.Main().Rt(), document->hWnd()), mainFrame);
 
   int keyCode = 'F';
   w.ide->Immediate()->SetFocus();  // the IDE has an active window to take the accelerator

@@ -167,14 +167,11 @@ TEST(FoldedFinder, BothWidthsOfScanAgreeWithInStrOnRandomLines) {
   std::mt19937 random(11);
   const std::vector<std::u16string> needles = {u"customer", u"TOM", u"k", u"\u212Au", u"é(",
                                                u"s T", u"mer_", u"cusTOMERkKcus"};
-  for (bool narrow : {false, true}) {
-    // The environment is read when a finder is made: the eight-unit scan on any processor.
-    if (narrow)
-      setenv("QUILLMARK_NO_AVX2", "1", 1);
-    else
-      unsetenv("QUILLMARK_NO_AVX2");
+  using quillmark::ScanWidth;
+  for (ScanWidth width : {ScanWidth::Widest, ScanWidth::Eight}) {
+    bool narrow = width == ScanWidth::Eight;
     for (auto& needle : needles) {
-      quillmark::FoldedFinder finder(needle);
+      quillmark::FoldedFinder finder(needle, width);
       std::u16string folded = vb::FoldCase(needle);
       for (int i = 0; i < 400; ++i) {
         std::u16string line = RandomLine(random);
@@ -185,7 +182,6 @@ TEST(FoldedFinder, BothWidthsOfScanAgreeWithInStrOnRandomLines) {
       }
     }
   }
-  unsetenv("QUILLMARK_NO_AVX2");
 }
 
 // The lines that hold the text, found by scanning lines that lie back to back as one text, must

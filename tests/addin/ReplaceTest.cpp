@@ -4,6 +4,8 @@
 
 #include "SearchScenario.h"
 #include "runtime/Runtime.h"
+#include "search/MatchRules.h"
+#include "search/ReplaceRule.h"
 #include "search/frmReplace.h"
 #include "vbide/CodeModule.h"
 #include "vbide/VBComponent.h"
@@ -15,6 +17,42 @@ namespace {
 using qmtest::IdeBuilder;
 using qmtest::SearchScenario;
 using Rows = std::vector<std::string>;
+
+struct LineCase {
+  const char* name;
+  std::u16string line, search, replace;
+  quillmark::MatchOptions options;
+  std::u16string expected;
+};
+
+TEST(ReplaceInLine, RewritesEachOccurrenceUpToTheFirstThatFailsTheOptions) {
+  const LineCase cases[] = {
+      {"EveryOccurrenceAnyCase", u"Cat = cat + 1", u"cat", u"dog", {}, u"dog = dog + 1"},
+      {"ResumesAfterTheInsertedText", u"cat cat", u"cat", u"catcat", {}, u"catcat catcat"},
+      {"AnEmptyReplacementDeletes", u"x = Total + Total", u"Total", u"", {}, u"x =  + "},
+      {"FirstOccurrenceFailsMatchCase",
+       u"foo Foo",
+       u"Foo",
+       u"Bar",
+       {.matchCase = true},
+       u"foo Foo"},
+      {"LaterOccurrenceFailsWholeWord",
+       u"ab x abc ab",
+       u"ab",
+       u"Y",
+       {.wholeWord = true},
+       u"Y x abc ab"},
+      {"CommentLineKept", u"  ' a", u"a", u"b", {.excludeComments = true}, u"  ' a"},
+      {"EmptySearchTextReplacesNothing", u"abc", u"", u"x", {}, u"abc"},
+  };
+  for (auto& c : cases) {
+    quillmark::FoldedFinder finder(c.search);
+    auto match = [&](std::u16string_view line, std::int32_t start) {
+      return quillmark::MatchLine(line, start, finder, c.options);
+    };
+    EXPECT_EQ(quillmark::ReplaceInLine(c.line, c.search, c.replace, match), c.expected) << c.name;
+  }
+}
 
 class Replace : public ::testing::Test {
  protected:
@@ -63,20 +101,6 @@ TEST_F(Replace, TheScanResumesAfterTheInsertedTextAndARowThatStillMatchesStays) 
   EXPECT_EQ(s->Rows(), (Rows{"Billing\tmodA\t(Declarations)\t1\taa b aa"}));
   EXPECT_EQ(s->Results().lvwSearch.ListItems().Item(1).Tag(), u"    aa b aa");
   EXPECT_EQ(s->Status(2), "1 Matching Line(s)");
-}
-
-TEST_F(Replace, AReplacementHoldingTheSearchTextIsNotReplacedAgain) {
-  Open(u"cat cat");
-  s->Search(u"cat");
-  RunReplace(u"catcat");
-  EXPECT_EQ(Line(u"modA", 1), u"catcat catcat");
-}
-
-TEST_F(Replace, AnEmptyReplacementDeletesTheOccurrences) {
-  Open(u"x = Total + Total");
-  s->Search(u"Total");
-  RunReplace(u"");
-  EXPECT_EQ(Line(u"modA", 1), u"x =  + ");
 }
 
 TEST_F(Replace, OptionsAreReadAsTheyStandNowAndTheRowsTextIsWrittenOverLaterEdits) {

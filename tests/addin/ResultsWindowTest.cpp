@@ -209,4 +209,35 @@ TEST(ResultsButtons, SearchShowsTheDialogAndStopRaisesTheFlag) {
   EXPECT_EQ(s.Results().cmdToolbar(3).ToolTipText(), u"Export Results");
 }
 
+// Unloading the add-in in the Add-In Manager leaves its "Search Results" window on screen. Its
+// buttons used to reach the freed connection; now each reports run-time error 91 and the rows
+// stay as they were.
+TEST(ResultsAfterUnload, UseAfterFreeWhenTheLeftoverWindowsButtonsAreClicked) {
+  SearchScenario s(TenLines());
+  s.PickScope(u"cboProject", u"(All Projects)");
+  s.Search(u"total");
+  std::shared_ptr<quillmark::docResults> leftover = s.world.Main().gdocResults;
+  s.world.Disconnect(vbide::ext_dm_UserClosed);
+  ASSERT_EQ(s.world.Addin(), nullptr);
+  auto& boxes = s.world.runtime->MessageBoxService();
+  boxes.ClearTranscript();
+
+  vb::UserActions user(*leftover);
+  using quillmark::docResults;
+  user.Click(u"cmdToolbar", docResults::kSearchButton);
+  user.Click(u"cmdToolbar", docResults::kReplaceButton);  // its own trap shows the error
+  user.Click(u"cmdToolbar", docResults::kExportButton);
+  user.DblClickRow(u"lvwSearch", 1);  // opening a row ignores errors
+  user.ColumnClick(u"lvwSearch", 4);  // sorting needs no connection
+
+  const std::u16string notSet = vb::Error::Standard(91).Description();
+  const std::u16string reported = u"Run-time error '91':\r\n\r\n" + notSet;
+  using Box = vb::MsgBoxRecord;
+  EXPECT_EQ(boxes.Transcript(),
+            (std::vector<Box>{{reported, vb::vbCritical, u"", vb::vbOK},
+                              {notSet, vb::vbExclamation, u"Replace Error", vb::vbOK},
+                              {reported, vb::vbCritical, u"", vb::vbOK}}));
+  EXPECT_EQ(leftover->lvwSearch.ListItems().Count(), 10);
+}
+
 }  // namespace

@@ -58,33 +58,28 @@ TEST(SearchScopes, AllProjectsListsEveryMatchingLineOnceWithItsPlace) {
   EXPECT_TRUE(s.Results().cmdToolbar(2).Enabled());   // Replace
 }
 
-TEST(SearchScopes, ProgressCountsComponentsPlusOneOverAllProjects) {
-  SearchScenario s(Billing());
-  PanelRecorder progress(s.Results().sbarResults);
-  s.PickScope(u"cboProject", u"(All Projects)");
-  s.Search(u"customer");
-  // Three components: the maximum is 4, so the bar never reads 100% before "Complete.".
-  EXPECT_EQ(progress.shown, (Rows{"Progress: 25%", "Progress: 50%", "Progress: 75%", "Complete."}));
-}
-
-TEST(SearchScopes, OneProjectCountsItsComponentsWithoutTheExtraOne) {
-  SearchScenario s(Billing());
-  PanelRecorder progress(s.Results().sbarResults);
-  s.PickScope(u"cboProject", u"Billing");
-  s.PickScope(u"cboModule", u"(All Modules)");
-  s.Search(u"customer");
-  EXPECT_EQ(progress.shown, (Rows{"Progress: 50%", "Progress: 100%", "Complete."}));
-  EXPECT_EQ(s.Rows().size(), 7u);
-}
-
-TEST(SearchScopes, OneModuleTakesOneStepOfOne) {
-  SearchScenario s(Billing());
-  PanelRecorder progress(s.Results().sbarResults);
-  s.PickScope(u"cboProject", u"Billing");
-  s.PickScope(u"cboModule", u"CInvoice");
-  s.Search(u"customer");
-  EXPECT_EQ(progress.shown, (Rows{"Progress: 100%", "Complete."}));
-  EXPECT_EQ(s.Status(2), "5 Matching Line(s)");
+// Over all projects the maximum is every component plus one, so the bar never reads 100% before
+// "Complete."; one project counts its components, one module takes one step.
+TEST(SearchScopes, ProgressStepsPerComponentOfTheScope) {
+  struct Case {
+    std::u16string project, module;
+    Rows progress;
+    std::size_t rows;
+  };
+  const Case cases[] = {
+      {u"(All Projects)", u"", {"Progress: 25%", "Progress: 50%", "Progress: 75%", "Complete."}, 8},
+      {u"Billing", u"(All Modules)", {"Progress: 50%", "Progress: 100%", "Complete."}, 7},
+      {u"Billing", u"CInvoice", {"Progress: 100%", "Complete."}, 5},
+  };
+  for (auto& c : cases) {
+    SearchScenario s(Billing());
+    PanelRecorder progress(s.Results().sbarResults);
+    s.PickScope(u"cboProject", c.project);
+    if (!c.module.empty()) s.PickScope(u"cboModule", c.module);
+    s.Search(u"customer");
+    EXPECT_EQ(progress.shown, c.progress) << vb::ToUtf8(c.project + u"/" + c.module);
+    EXPECT_EQ(s.Rows().size(), c.rows) << vb::ToUtf8(c.project + u"/" + c.module);
+  }
 }
 
 TEST(SearchScopes, AProcedureCoversEveryAccessorAndDeclarationsTheRest) {

@@ -21,8 +21,8 @@ class PanelRecorder : public vb::ControlPeer {
  public:
   explicit PanelRecorder(vb::StatusBar& bar) : bar_(bar) { bar_.SetPeer(this); }
   ~PanelRecorder() override { bar_.SetPeer(nullptr); }
-  void Changed(std::string_view property) override {
-    if (property != "Panels") return;
+  void Changed(vb::Property property) override {
+    if (property != vb::Property::Panels) return;
     std::string text = vb::ToUtf8(bar_.Panels(1).text);
     if (shown.empty() || shown.back() != text) shown.push_back(text);
   }
@@ -47,8 +47,7 @@ class SearchScenario {
   vb::UserActions DialogUser() { return vb::UserActions(Dialog()); }
   // The results window, created as the first search would create it.
   quillmark::docResults& Results() {
-    world.Main().connect->ShowResults();
-    return *world.Main().gdocResults;
+    return *world.Main().connect->ShowResults();
   }
   vb::UserActions ResultsUser() { return vb::UserActions(Results()); }
 

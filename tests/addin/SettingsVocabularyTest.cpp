@@ -1,7 +1,7 @@
 // The add-in's settings vocabulary: defaults of a fresh user, the reading rules, the history.
 #include <gtest/gtest.h>
 
-#include "options/Settings.h"
+#include "base/Settings.h"
 #include "runtime/SettingsStore.h"
 #include "runtime/Utf.h"
 

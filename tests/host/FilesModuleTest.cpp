@@ -21,6 +21,10 @@ struct RoundTripCase {
   int codeLines;
 };
 
+void PrintTo(const RoundTripCase& c, std::ostream* out) {
+  *out << c.file;
+}
+
 class FilesModuleRoundTrip : public ::testing::TestWithParam<RoundTripCase> {};
 
 // Each file comes back byte for byte, and the header/code boundary lies where the code window
@@ -181,6 +185,10 @@ struct BadModuleCase {
   const char* problem;
   int codeLines;
 };
+
+void PrintTo(const BadModuleCase& c, std::ostream* out) {
+  *out << c.file;
+}
 
 class FilesBadModule : public ::testing::TestWithParam<BadModuleCase> {};
 

@@ -32,7 +32,9 @@ class ControlsTest : public ::testing::Test {
 
 // Records what a toolkit would be told.
 struct RecordingPeer : vb::FormPeer {
-  void Changed(std::string_view property) override { log.push_back(std::string(property)); }
+  void Changed(vb::Property property) override {
+    log.push_back(std::string(vb::PropertyName(property)));
+  }
   void RowsReset() override { log.push_back("reset"); }
   void RowsInserted(int first, int count) override {
     log.push_back("insert " + std::to_string(first) + "+" + std::to_string(count));

@@ -20,7 +20,9 @@ using namespace std::chrono_literals;
 class RecordingPeer : public vb::FormPeer {
  public:
   std::vector<std::string> calls;
-  void Changed(std::string_view property) override { calls.push_back(std::string(property)); }
+  void Changed(vb::Property property) override {
+    calls.push_back(std::string(vb::PropertyName(property)));
+  }
   void RowsReset() override { calls.push_back("RowsReset"); }
   void RowsInserted(int first, int count) override {
     calls.push_back("RowsInserted " + std::to_string(first) + " " + std::to_string(count));

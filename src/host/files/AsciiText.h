@@ -12,6 +12,9 @@ constexpr char LowerAscii(char c) {
 constexpr bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
+constexpr bool IsBlank(char16_t c) {
+  return c == u' ' || c == u'\t';
+}
 
 constexpr bool EqualsAsciiNoCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
@@ -21,6 +24,13 @@ constexpr bool EqualsAsciiNoCase(std::string_view a, std::string_view b) {
 }
 
 constexpr std::string_view TrimBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+// The same on decoded text: spaces and tabs only.
+constexpr std::u16string_view TrimBlanks(std::u16string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
   return text;

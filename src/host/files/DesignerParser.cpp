@@ -7,23 +7,13 @@
 namespace host::files {
 namespace {
 
-constexpr bool IsBlank16(char16_t c) {
-  return c == u' ' || c == u'\t';
-}
-
-std::u16string_view Trim16(std::u16string_view text) {
-  while (!text.empty() && IsBlank16(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank16(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 // Splits off the first blank-separated word of `text`, leaving the rest trimmed in `text`.
 std::u16string_view NextWord(std::u16string_view& text) {
-  text = Trim16(text);
+  text = TrimBlanks(text);
   std::size_t end = 0;
-  while (end < text.size() && !IsBlank16(text[end])) ++end;
+  while (end < text.size() && !IsBlank(text[end])) ++end;
   std::u16string_view word = text.substr(0, end);
-  text = Trim16(text.substr(end));
+  text = TrimBlanks(text.substr(end));
   return word;
 }
 
@@ -130,8 +120,8 @@ class DesignerParser {
   void AddProperty(std::string_view trimmed) {
     std::size_t equals = trimmed.find('=');
     if (equals == std::string_view::npos || open_.empty()) return;
-    std::u16string name(Trim16(Decode(trimmed.substr(0, equals))));
-    std::u16string value(Trim16(Decode(trimmed.substr(equals + 1))));
+    std::u16string name(TrimBlanks(Decode(trimmed.substr(0, equals))));
+    std::u16string value(TrimBlanks(Decode(trimmed.substr(equals + 1))));
     DesignerControl& control = open_.back();
     if (EqualsAsciiNoCase(TrimBlanks(trimmed.substr(0, equals)), "Index"))
       control.index = ParseIndex(value);

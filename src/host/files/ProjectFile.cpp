@@ -101,16 +101,6 @@ bool IsSettingKey(std::string_view key) {
   return false;
 }
 
-constexpr bool IsBlank16(char16_t c) {
-  return c == u' ' || c == u'\t';
-}
-
-std::u16string_view Trim16(std::u16string_view text) {
-  while (!text.empty() && IsBlank16(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank16(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 // Quoted settings: everything between the first and the last quote (no escape convention is
 // known, so inner quotes are kept as they are).
 std::u16string_view Unquote(std::u16string_view value) {
@@ -124,11 +114,11 @@ std::u16string_view Unquote(std::u16string_view value) {
 void SplitNameAndPath(std::u16string_view value, ProjectItem& item) {
   std::size_t semicolon = value.find(u';');
   if (semicolon == std::u16string_view::npos) {
-    item.path = Trim16(value);
+    item.path = TrimBlanks(value);
     return;
   }
-  item.name = Trim16(value.substr(0, semicolon));
-  item.path = Trim16(value.substr(semicolon + 1));
+  item.name = TrimBlanks(value.substr(0, semicolon));
+  item.path = TrimBlanks(value.substr(semicolon + 1));
 }
 
 ProjectItem ParseItem(ItemKind kind, std::u16string_view value, int line) {
@@ -193,7 +183,7 @@ void Scan(ProjectFile& project, const vb::CodePage& codePage, const std::string*
     if (const ItemKeyEntry* item = FindItemKey(key)) {
       project.items.push_back(ParseItem(item->kind, value, static_cast<int>(i)));
     } else if (EqualsAsciiNoCase(key, "Type")) {
-      if (project.type.empty()) project.type = Trim16(value);
+      if (project.type.empty()) project.type = TrimBlanks(value);
     } else if (EqualsAsciiNoCase(key, "Name")) {
       if (!named) project.name = Unquote(value);
       named = true;

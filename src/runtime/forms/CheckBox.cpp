@@ -9,7 +9,7 @@ void CheckBox::SetValue(int value) {
   if (value < 0 || value > 2) throw ctlerr::InvalidPropertyValue(Name() + u".Value");
   if (value == value_) return;
   value_ = value;
-  Notify("Value");
+  Notify(Property::Value);
   Raise(Click);
 }
 

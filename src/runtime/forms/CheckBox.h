@@ -15,7 +15,7 @@ class CheckBox : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
   int Value() const { return value_; }
   // Raises Click when the value changes, by code as by the user (VB does); error 380 outside 0-2.

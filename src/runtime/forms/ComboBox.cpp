@@ -11,7 +11,7 @@ namespace vb {
 void ComboBox::SetStyle(int value) {
   if (value < 0 || value > 2) throw ctlerr::InvalidPropertyValue(Name() + u".Style");
   style_ = value;
-  Notify("Style");
+  Notify(Property::Style);
 }
 
 void ComboBox::ChangeText(std::u16string value) {
@@ -19,7 +19,7 @@ void ComboBox::ChangeText(std::u16string value) {
   text_ = std::move(value);
   selStart_ = static_cast<int>(text_.size());
   selLength_ = 0;
-  Notify("Text");
+  Notify(Property::Text);
   Raise(Change);
 }
 
@@ -37,7 +37,7 @@ void ComboBox::OnListIndexChanged() {
   if (listIndex_ < 0 && style_ == 2) text_.clear();
   selStart_ = 0;
   selLength_ = static_cast<int>(text_.size());
-  Notify("Text");
+  Notify(Property::Text);
 }
 
 void ComboBox::OnCleared() {

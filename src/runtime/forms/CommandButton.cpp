@@ -11,12 +11,12 @@ void CommandButton::SetDefault(bool value) {
     for (auto* c : Parent().Controls()) {
       if (auto* b = dynamic_cast<CommandButton*>(c); b && b != this && b->default_) {
         b->default_ = false;
-        b->Notify("Default");
+        b->Notify(Property::Default);
       }
     }
   }
   default_ = value;
-  Notify("Default");
+  Notify(Property::Default);
 }
 
 void CommandButton::SetCancel(bool value) {
@@ -24,18 +24,18 @@ void CommandButton::SetCancel(bool value) {
     for (auto* c : Parent().Controls()) {
       if (auto* b = dynamic_cast<CommandButton*>(c); b && b != this && b->cancel_) {
         b->cancel_ = false;
-        b->Notify("Cancel");
+        b->Notify(Property::Cancel);
       }
     }
   }
   cancel_ = value;
-  Notify("Cancel");
+  Notify(Property::Cancel);
 }
 
 void CommandButton::SetStyle(int value) {
   if (value != 0 && value != 1) throw ctlerr::InvalidPropertyValue(Name() + u".Style");
   style_ = value;
-  Notify("Style");
+  Notify(Property::Style);
 }
 
 }  // namespace vb

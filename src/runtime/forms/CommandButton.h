@@ -19,7 +19,7 @@ class CommandButton : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
   bool Default() const { return default_; }
   void SetDefault(bool value);
@@ -30,7 +30,7 @@ class CommandButton : public Control {
   const vb::Picture& Picture() const { return picture_; }
   void SetPicture(vb::Picture value) {
     picture_ = std::move(value);
-    Notify("Picture");
+    Notify(Property::Picture);
   }
   // Setting Value to true clicks the button, as in VB.
   void SetValue(bool value) {

@@ -32,7 +32,7 @@ void Control::Dispatch(const std::function<void()>& action) const {
   owner_.Dispatch(action);
 }
 
-void Control::Notify(std::string_view property) {
+void Control::Notify(Property property) {
   if (peer_) peer_->Changed(property);
 }
 
@@ -51,7 +51,7 @@ void Control::SetContainer(Control* container) {
     }
     GetRuntime().Windows().SetParent(hwnd_, parent);
   }
-  Notify("Container");
+  Notify(Property::Container);
 }
 
 void Control::Move(float left, std::optional<float> top, std::optional<float> width,
@@ -64,20 +64,20 @@ void Control::Move(float left, std::optional<float> top, std::optional<float> wi
   top_ = top.value_or(top_);
   width_ = newWidth;
   height_ = newHeight;
-  Notify("Move");
+  Notify(Property::Move);
   if (resized) OnMoved();
 }
 
 void Control::SetVisible(bool value) {
   if (visible_ == value) return;
   visible_ = value;
-  Notify("Visible");
+  Notify(Property::Visible);
 }
 
 void Control::SetEnabled(bool value) {
   if (enabled_ == value) return;
   enabled_ = value;
-  Notify("Enabled");
+  Notify(Property::Enabled);
 }
 
 bool Control::IsUsable() const {
@@ -89,27 +89,27 @@ bool Control::IsUsable() const {
 
 void Control::SetForeColor(std::uint32_t value) {
   foreColor_ = value;
-  Notify("ForeColor");
+  Notify(Property::ForeColor);
 }
 
 void Control::SetBackColor(std::uint32_t value) {
   backColor_ = value;
-  Notify("BackColor");
+  Notify(Property::BackColor);
 }
 
 void Control::SetFont(vb::Font value) {
   font_ = std::move(value);
-  Notify("Font");
+  Notify(Property::Font);
 }
 
 void Control::SetTabIndex(int value) {
   tabIndex_ = value;
-  Notify("TabIndex");
+  Notify(Property::TabIndex);
 }
 
 void Control::SetToolTipText(std::u16string value) {
   toolTipText_ = std::move(value);
-  Notify("ToolTipText");
+  Notify(Property::ToolTipText);
 }
 
 void Control::SetTag(std::u16string value) {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "runtime/WindowSystem.h"
+#include "runtime/forms/ControlPeer.h"
 
 namespace vb {
 
@@ -121,7 +122,7 @@ class Control {
   // The control's own part of a click (a check box toggles) before Click is raised.
   virtual void OnUserClick() { Raise(Click); }
   virtual void OnMoved() {}
-  void Notify(std::string_view property);
+  void Notify(Property property);
   Runtime& GetRuntime() const;
   void Dispatch(const std::function<void()>& action) const;
 

@@ -1,10 +1,100 @@
 // vb::ControlPeer and vb::FormPeer: the seam through which a toolkit draws the engine's objects.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string_view>
 
 namespace vb {
+
+// What changed on a control or a form, by its VB property name (Move: any of Left, Top, Width,
+// Height; Extent: a document's size; Loaded: a form's load state). All: everything, as when a
+// peer first draws its object.
+enum class Property {
+  All,
+  Alignment,
+  BackColor,
+  BorderStyle,
+  Cancel,
+  Caption,
+  Checked,
+  Container,
+  Default,
+  EditingItem,
+  Enabled,
+  ExtendedStyle,
+  Extent,
+  Font,
+  ForeColor,
+  LabelEdit,
+  ListIndex,
+  Loaded,
+  MousePointer,
+  Move,
+  MultiSelect,
+  Panels,
+  Picture,
+  SelLength,
+  SelStart,
+  SelectedItem,
+  SmallIcons,
+  Stretch,
+  Style,
+  TabIndex,
+  Tabs,
+  Text,
+  ToolTipText,
+  Value,
+  View,
+  Visible,
+  WindowState,
+};
+
+inline constexpr std::array<std::string_view, static_cast<std::size_t>(Property::WindowState) + 1>
+    kPropertyNames{
+        "",
+        "Alignment",
+        "BackColor",
+        "BorderStyle",
+        "Cancel",
+        "Caption",
+        "Checked",
+        "Container",
+        "Default",
+        "EditingItem",
+        "Enabled",
+        "ExtendedStyle",
+        "Extent",
+        "Font",
+        "ForeColor",
+        "LabelEdit",
+        "ListIndex",
+        "Loaded",
+        "MousePointer",
+        "Move",
+        "MultiSelect",
+        "Panels",
+        "Picture",
+        "SelLength",
+        "SelStart",
+        "SelectedItem",
+        "SmallIcons",
+        "Stretch",
+        "Style",
+        "TabIndex",
+        "Tabs",
+        "Text",
+        "ToolTipText",
+        "Value",
+        "View",
+        "Visible",
+        "WindowState",
+    };
+
+// The property's VB name ("" for All), for logs and tests.
+constexpr std::string_view PropertyName(Property property) {
+  return kPropertyNames[static_cast<std::size_t>(property)];
+}
 
 class Control;
 class Menu;
@@ -15,8 +105,7 @@ class Menu;
 class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
-  // `property` is the VB property name ("Caption", "Visible", "ListIndex" ...).
-  virtual void Changed(std::string_view property) = 0;
+  virtual void Changed(Property property) = 0;
   // Lists (combo and list boxes, list views, column headers): rows count from 0 here, as in a
   // toolkit's item model, and every change is one of these, so a model/view peer never copies.
   virtual void RowsReset() {}

@@ -36,7 +36,7 @@ Form::~Form() = default;
 void Form::SetCaption(std::u16string value) {
   caption_ = std::move(value);
   SetWindowTitle(caption_);
-  NotifyPeer("Caption");
+  NotifyPeer(Property::Caption);
 }
 
 float Form::Left() const {
@@ -72,7 +72,7 @@ void Form::Move(float left, std::optional<float> top, std::optional<float> width
   top_ = top.value_or(top_);
   width_ = newWidth;
   height_ = newHeight;
-  NotifyPeer("Move");
+  NotifyPeer(Property::Move);
   if (resized && loaded_ && windowState_ == vbNormal) Form_Resize();
 }
 
@@ -89,7 +89,7 @@ void Form::SetWindowState(int value) {
     throw ctlerr::InvalidPropertyValue(Name() + u".WindowState");
   if (windowState_ == value) return;
   windowState_ = value;
-  NotifyPeer("WindowState");
+  NotifyPeer(Property::WindowState);
   if (loaded_) Form_Resize();
 }
 
@@ -98,17 +98,17 @@ void Form::SetBorderStyle(int value) {
     throw ctlerr::InvalidPropertyValue(Name() + u".BorderStyle");
   }
   borderStyle_ = value;
-  NotifyPeer("BorderStyle");
+  NotifyPeer(Property::BorderStyle);
 }
 
 void Form::SetMousePointer(int value) {
   mousePointer_ = value;
-  NotifyPeer("MousePointer");
+  NotifyPeer(Property::MousePointer);
 }
 
 void Form::SetEnabled(bool value) {
   enabled_ = value;
-  NotifyPeer("Enabled");
+  NotifyPeer(Property::Enabled);
 }
 
 bool Form::TopMost() const {
@@ -127,7 +127,7 @@ void Form::Load() {
   if (loaded_) return;
   RaiseInitialize();
   loaded_ = true;
-  NotifyPeer("Loaded");
+  NotifyPeer(Property::Loaded);
   NotifyLoadedChanged();
   Form_Load();
 }
@@ -138,7 +138,7 @@ void Form::Show(int modal) {
   if (!loaded_) return;  // Form_Load unloaded it
   if (!visible_) {
     visible_ = true;
-    NotifyPeer("Visible");
+    NotifyPeer(Property::Visible);
     if (!std::exchange(shownOnce_, true)) Form_Resize();
   }
   if (!loaded_ || !visible_) return;
@@ -158,7 +158,7 @@ void Form::Show(int modal) {
 void Form::Hide() {
   if (!visible_) return;
   visible_ = false;
-  NotifyPeer("Visible");
+  NotifyPeer(Property::Visible);
   GetRuntime().Deactivated(this);
 }
 
@@ -179,7 +179,7 @@ bool Form::UnloadWith(int unloadMode) {
   }
   visible_ = false;
   loaded_ = false;
-  NotifyPeer("Loaded");
+  NotifyPeer(Property::Loaded);
   NotifyLoadedChanged();
   GetRuntime().Deactivated(this);
   return true;

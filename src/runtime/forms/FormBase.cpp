@@ -51,7 +51,7 @@ void FormBase::SetWindowTitle(std::u16string title) {
   runtime_.Windows().SetTitle(hwnd_, std::move(title));
 }
 
-void FormBase::NotifyPeer(std::string_view property) {
+void FormBase::NotifyPeer(Property property) {
   if (peer_) peer_->Changed(property);
 }
 

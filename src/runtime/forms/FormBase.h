@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "runtime/WindowSystem.h"
+#include "runtime/forms/ControlPeer.h"
 
 namespace vb {
 
@@ -68,7 +69,7 @@ class FormBase {
   virtual void OnKeyPress(int& /*keyAscii*/) {}
   virtual void OnKeyUp(int& /*keyCode*/, int /*shift*/) {}
   void NotifyLoadedChanged();
-  void NotifyPeer(std::string_view property);
+  void NotifyPeer(Property property);
   void SetWindowTitle(std::u16string title);
 
  private:

@@ -16,7 +16,7 @@ class Frame : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
 
  private:

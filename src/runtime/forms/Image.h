@@ -16,12 +16,12 @@ class Image : public Control {
   const vb::Picture& Picture() const { return picture_; }
   void SetPicture(vb::Picture value) {
     picture_ = std::move(value);
-    Notify("Picture");
+    Notify(Property::Picture);
   }
   bool Stretch() const { return stretch_; }
   void SetStretch(bool value) {
     stretch_ = value;
-    Notify("Stretch");
+    Notify(Property::Stretch);
   }
 
  private:

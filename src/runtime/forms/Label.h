@@ -15,12 +15,12 @@ class Label : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
   int Alignment() const { return alignment_; }
   void SetAlignment(int value) {
     alignment_ = value;
-    Notify("Alignment");
+    Notify(Property::Alignment);
   }
 
  private:

@@ -13,13 +13,13 @@ namespace vb {
 void ListBox::SetStyle(int value) {
   if (value != 0 && value != 1) throw ctlerr::InvalidPropertyValue(Name() + u".Style");
   style_ = value;
-  Notify("Style");
+  Notify(Property::Style);
 }
 
 void ListBox::SetMultiSelect(int value) {
   if (value < 0 || value > 2) throw ctlerr::InvalidPropertyValue(Name() + u".MultiSelect");
   multiSelect_ = value;
-  Notify("MultiSelect");
+  Notify(Property::MultiSelect);
 }
 
 bool ListBox::Selected(int index) const {

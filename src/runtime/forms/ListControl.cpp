@@ -97,7 +97,7 @@ void ListControl::SetListIndex(int index) {
     throw ctlerr::InvalidPropertyValue(Name() + u".ListIndex");
   listIndex_ = index;
   OnListIndexChanged();
-  Notify("ListIndex");
+  Notify(Property::ListIndex);
   Raise(Click);
 }
 

@@ -26,19 +26,19 @@ std::intptr_t ListView::OnMessage(int message, std::intptr_t wParam, std::intptr
   int previous = exStyle_;
   auto mask = wParam == 0 ? ~0 : static_cast<int>(wParam);
   exStyle_ = (exStyle_ & ~mask) | (static_cast<int>(lParam) & mask);
-  Notify("ExtendedStyle");
+  Notify(Property::ExtendedStyle);
   return previous;
 }
 
 void ListView::SetView(int value) {
   if (value < 0 || value > 3) throw ctlerr::InvalidPropertyValue(Name() + u".View");
   view_ = value;
-  Notify("View");
+  Notify(Property::View);
 }
 
 void ListView::SetMultiSelect(bool value) {
   multiSelect_ = value;
-  Notify("MultiSelect");
+  Notify(Property::MultiSelect);
 }
 
 void ListView::SetLabelEdit(int value) {
@@ -48,7 +48,7 @@ void ListView::SetLabelEdit(int value) {
 
 void ListView::SetSmallIcons(ImageList* images) {
   smallIcons_ = images;
-  Notify("SmallIcons");
+  Notify(Property::SmallIcons);
 }
 
 void ListView::SortNow() {
@@ -92,7 +92,7 @@ void ListView::StartLabelEdit() {
   int cancel = 0;
   Raise(BeforeLabelEdit, cancel);
   editing_ = cancel == 0 ? selected_ : nullptr;
-  if (editing_) Notify("EditingItem");
+  if (editing_) Notify(Property::EditingItem);
 }
 
 bool ListView::Commit(std::u16string newText) {

@@ -20,12 +20,12 @@ class Menu : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
   bool Checked() const { return checked_; }
   void SetChecked(bool value) {
     checked_ = value;
-    Notify("Checked");
+    Notify(Property::Checked);
   }
   bool IsSeparator() const { return caption_ == u"-"; }
 

@@ -8,13 +8,13 @@ namespace vb {
 void OptionButton::SetValue(bool value) {
   if (value == value_) return;
   value_ = value;
-  Notify("Value");
+  Notify(Property::Value);
   if (!value) return;
   for (auto* c : Parent().Controls()) {
     auto* other = dynamic_cast<OptionButton*>(c);
     if (other && other != this && other->Container() == Container() && other->value_) {
       other->value_ = false;
-      other->Notify("Value");
+      other->Notify(Property::Value);
     }
   }
   Raise(Click);

@@ -15,7 +15,7 @@ class OptionButton : public Control {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string value) {
     caption_ = std::move(value);
-    Notify("Caption");
+    Notify(Property::Caption);
   }
   bool Value() const { return value_; }
   // True clears the other options of the container and raises Click on this one (by code as

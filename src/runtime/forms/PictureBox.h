@@ -24,12 +24,12 @@ class PictureBox : public Control {
   int BorderStyle() const { return borderStyle_; }
   void SetBorderStyle(int value) {
     borderStyle_ = value;
-    Notify("BorderStyle");
+    Notify(Property::BorderStyle);
   }
   const vb::Picture& Picture() const { return picture_; }
   void SetPicture(vb::Picture value) {
     picture_ = std::move(value);
-    Notify("Picture");
+    Notify(Property::Picture);
   }
 
   std::function<void()> Resize;

@@ -27,7 +27,7 @@ class StatusBar : public Control {
   int PanelCount() const { return static_cast<int>(panels_.size()); }
   Panel& AddPanel() {
     panels_.emplace_back();
-    Notify("Panels");
+    Notify(Property::Panels);
     return panels_.back();
   }
   const Panel& Panels(int index) const {
@@ -39,7 +39,7 @@ class StatusBar : public Control {
   void SetPanelText(int index, std::u16string text) {
     Panels(index);
     panels_[index - 1].text = std::move(text);
-    Notify("Panels");
+    Notify(Property::Panels);
   }
 
  private:

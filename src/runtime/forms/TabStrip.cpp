@@ -17,7 +17,7 @@ Tab& TabStrip::Add(int index, std::u16string key, std::u16string caption) {
   Tab& added = **tabs_.insert(at, std::move(tab));
   Renumber();
   if (!selected_) selected_ = &added;
-  Notify("Tabs");
+  Notify(Property::Tabs);
   return added;
 }
 
@@ -27,13 +27,13 @@ void TabStrip::Remove(int index) {
   tabs_.erase(tabs_.begin() + (index - 1));
   Renumber();
   if (!selected_ && !tabs_.empty()) selected_ = tabs_.front().get();
-  Notify("Tabs");
+  Notify(Property::Tabs);
 }
 
 void TabStrip::Clear() {
   tabs_.clear();
   selected_ = nullptr;
-  Notify("Tabs");
+  Notify(Property::Tabs);
 }
 
 Tab& TabStrip::Tabs(int index) const {
@@ -53,7 +53,7 @@ Tab& TabStrip::Tabs(std::u16string_view key) const {
 void TabStrip::SetSelectedItem(Tab& tab) {
   if (selected_ == &tab) return;
   selected_ = &tab;
-  Notify("SelectedItem");
+  Notify(Property::SelectedItem);
   Raise(Click);
 }
 

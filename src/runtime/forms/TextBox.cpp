@@ -14,7 +14,7 @@ void TextBox::SetText(std::u16string value) {
   text_ = std::move(value);
   selStart_ = std::min<int>(selStart_, static_cast<int>(text_.size()));
   selLength_ = 0;
-  Notify("Text");
+  Notify(Property::Text);
   Raise(Change);
 }
 
@@ -22,13 +22,13 @@ void TextBox::SetSelStart(int value) {
   if (value < 0) throw ctlerr::InvalidPropertyValue(Name() + u".SelStart");
   selStart_ = std::min<int>(value, static_cast<int>(text_.size()));
   selLength_ = 0;
-  Notify("SelStart");
+  Notify(Property::SelStart);
 }
 
 void TextBox::SetSelLength(int value) {
   if (value < 0) throw ctlerr::InvalidPropertyValue(Name() + u".SelLength");
   selLength_ = std::min<int>(value, static_cast<int>(text_.size()) - selStart_);
-  Notify("SelLength");
+  Notify(Property::SelLength);
 }
 
 void TextBox::SetSelText(std::u16string_view value) {

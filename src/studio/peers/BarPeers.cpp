@@ -32,7 +32,7 @@ class TabStripPeer : public WidgetPeer {
     layout->addWidget(panel, 1);
     QObject::connect(tabs_, &QTabBar::currentChanged, [this](int index) {
       if (Applying() || index < 0) return;
-      if (UserAction([&] { strip_.UserSelectTab(index + 1); })) Changed("SelectedItem");
+      if (UserAction([&] { strip_.UserSelectTab(index + 1); })) Changed(vb::Property::SelectedItem);
     });
     SetWidget(widget);
   }
@@ -40,8 +40,8 @@ class TabStripPeer : public WidgetPeer {
   QList<QWidget*> KeyWidgets() const override { return {Widget(), tabs_}; }
 
  protected:
-  void Apply(std::string_view property) override {
-    if (Is(property, "Tabs")) {
+  void Apply(vb::Property property) override {
+    if (Is(property, vb::Property::Tabs)) {
       while (tabs_->count() > 0) tabs_->removeTab(0);
       for (int i = 1; i <= strip_.Count(); ++i) {
         tabs_->addTab(ToQt(strip_.Tabs(i).caption));
@@ -50,7 +50,7 @@ class TabStripPeer : public WidgetPeer {
       // A hidden tab bar does not ask its layout again when tabs come; the height is fixed here.
       tabs_->setFixedHeight(tabs_->sizeHint().height());
     }
-    if (Is(property, "Tabs") || Is(property, "SelectedItem")) {
+    if (Is(property, vb::Property::Tabs) || Is(property, vb::Property::SelectedItem)) {
       auto* selected = strip_.SelectedItem();
       tabs_->setCurrentIndex(selected ? selected->index - 1 : -1);
     }
@@ -73,8 +73,8 @@ class StatusBarPeer : public WidgetPeer {
   }
 
  protected:
-  void Apply(std::string_view property) override {
-    if (!Is(property, "Panels")) return;
+  void Apply(vb::Property property) override {
+    if (!Is(property, vb::Property::Panels)) return;
     auto* layout = static_cast<QHBoxLayout*>(Widget()->layout());
     while (static_cast<int>(panels_.size()) < bar_.PanelCount()) {
       auto* panel = new QLabel;

@@ -24,11 +24,11 @@ class CommandButtonPeer : public WidgetPeer {
   }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QPushButton*>(Widget());
-    if (Is(property, "Caption")) widget->setText(ToQt(button_.Caption()));
-    if (Is(property, "Default")) widget->setDefault(button_.Default());
-    if (Is(property, "Style") || Is(property, "Picture")) {
+    if (Is(property, vb::Property::Caption)) widget->setText(ToQt(button_.Caption()));
+    if (Is(property, vb::Property::Default)) widget->setDefault(button_.Default());
+    if (Is(property, vb::Property::Style) || Is(property, vb::Property::Picture)) {
       // A graphical button shows its picture beside the caption; a plain one shows none.
       QImage picture = button_.Style() == 1 ? ToImage(button_.Picture()) : QImage();
       widget->setIcon(picture.isNull() ? QIcon() : QIcon(QPixmap::fromImage(picture)));
@@ -52,10 +52,10 @@ class CheckBoxPeer : public WidgetPeer {
   }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QCheckBox*>(Widget());
-    if (Is(property, "Caption")) widget->setText(ToQt(box_.Caption()));
-    if (Is(property, "Value")) {
+    if (Is(property, vb::Property::Caption)) widget->setText(ToQt(box_.Caption()));
+    if (Is(property, vb::Property::Value)) {
       widget->setTristate(box_.Value() == 2);
       widget->setCheckState(box_.Value() == 2   ? Qt::PartiallyChecked
                             : box_.Value() == 1 ? Qt::Checked
@@ -81,10 +81,10 @@ class OptionButtonPeer : public WidgetPeer {
   }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QRadioButton*>(Widget());
-    if (Is(property, "Caption")) widget->setText(ToQt(option_.Caption()));
-    if (Is(property, "Value")) widget->setChecked(option_.Value());
+    if (Is(property, vb::Property::Caption)) widget->setText(ToQt(option_.Caption()));
+    if (Is(property, vb::Property::Value)) widget->setChecked(option_.Value());
   }
 
  private:

@@ -20,8 +20,8 @@ class FramePeer : public WidgetPeer {
   bool ClicksByMouse() const override { return true; }
 
  protected:
-  void Apply(std::string_view property) override {
-    if (Is(property, "Caption"))
+  void Apply(vb::Property property) override {
+    if (Is(property, vb::Property::Caption))
       static_cast<QGroupBox*>(Widget())->setTitle(ToQt(frame_.Caption()));
   }
 
@@ -44,14 +44,15 @@ class PictureBoxPeer : public WidgetPeer {
   }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QLabel*>(Widget());
-    if (Is(property, "BorderStyle")) {
+    if (Is(property, vb::Property::BorderStyle)) {
       widget->setFrameStyle(box_.BorderStyle() == 1 ? QFrame::StyledPanel | QFrame::Sunken
                                                     : QFrame::NoFrame);
       widget->setLineWidth(1);
     }
-    if (Is(property, "Picture")) widget->setPixmap(QPixmap::fromImage(ToImage(box_.Picture())));
+    if (Is(property, vb::Property::Picture))
+      widget->setPixmap(QPixmap::fromImage(ToImage(box_.Picture())));
   }
 
  private:
@@ -68,10 +69,11 @@ class ImagePeer : public WidgetPeer {
   bool ClicksByMouse() const override { return true; }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QLabel*>(Widget());
-    if (Is(property, "Picture")) widget->setPixmap(QPixmap::fromImage(ToImage(image_.Picture())));
-    if (Is(property, "Stretch")) widget->setScaledContents(image_.Stretch());
+    if (Is(property, vb::Property::Picture))
+      widget->setPixmap(QPixmap::fromImage(ToImage(image_.Picture())));
+    if (Is(property, vb::Property::Stretch)) widget->setScaledContents(image_.Stretch());
   }
 
  private:

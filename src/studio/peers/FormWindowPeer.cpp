@@ -27,7 +27,7 @@ namespace studio {
 class FormWindowPeer::MenuWatch : public vb::ControlPeer {
  public:
   explicit MenuWatch(FormWindowPeer& owner) : owner_(owner) {}
-  void Changed(std::string_view) override { owner_.ScheduleMenuBar(); }
+  void Changed(vb::Property) override { owner_.ScheduleMenuBar(); }
 
  private:
   FormWindowPeer& owner_;
@@ -198,28 +198,30 @@ void FormWindowPeer::Place(vb::Control& control) {
           .translated(origin));
 }
 
-void FormWindowPeer::Changed(std::string_view property) {
+void FormWindowPeer::Changed(vb::Property property) {
   ApplyWindow(property);
   QuitModalIfClosed();
 }
 
-void FormWindowPeer::ApplyWindow(std::string_view property) {
+void FormWindowPeer::ApplyWindow(vb::Property property) {
   ++applying_;
   auto* form = AsForm();
-  auto is = [&](std::string_view name) { return property.empty() || property == name; };
+  auto is = [&](vb::Property name) { return property == vb::Property::All || property == name; };
   if (form) {
-    if (is("Caption")) window_->setWindowTitle(ToQt(form->Caption()));
-    if (is("BorderStyle")) ApplyFlags();
-    if (is("Enabled")) window_->setEnabled(form->Enabled());
-    if (is("MousePointer")) {
+    if (is(vb::Property::Caption)) window_->setWindowTitle(ToQt(form->Caption()));
+    if (is(vb::Property::BorderStyle)) ApplyFlags();
+    if (is(vb::Property::Enabled)) window_->setEnabled(form->Enabled());
+    if (is(vb::Property::MousePointer)) {
       if (form->MousePointer() == vb::vbHourglass) {
         window_->setCursor(Qt::WaitCursor);
       } else {
         window_->unsetCursor();
       }
     }
-    if (is("Move") || is("WindowState") || is("BorderStyle")) ApplyGeometry();
-    if (is("Visible") || is("Loaded") || is("WindowState")) ShowOrHide();
+    if (is(vb::Property::Move) || is(vb::Property::WindowState) || is(vb::Property::BorderStyle))
+      ApplyGeometry();
+    if (is(vb::Property::Visible) || is(vb::Property::Loaded) || is(vb::Property::WindowState))
+      ShowOrHide();
   }
   --applying_;
 }

@@ -46,7 +46,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   void ShowTopMost();
 
   // vb::FormPeer
-  void Changed(std::string_view property) override;
+  void Changed(vb::Property property) override;
   bool RunModal(const std::function<bool()>& stillOpen) override;
   bool PopupMenu(vb::Menu& menu, float x, float y) override;
   void ControlAdded(vb::Control& control) override;
@@ -69,7 +69,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   void Watch(WidgetPeer& peer);
   bool RouteKey(WidgetPeer* peer, QObject* watched, QEvent* event);
   bool RouteMouse(WidgetPeer& peer, QObject* watched, QEvent* event);
-  void ApplyWindow(std::string_view property);
+  void ApplyWindow(vb::Property property);
   void ApplyFlags();
   void ApplyGeometry();
   void ShowOrHide();

@@ -36,19 +36,19 @@ class ComboBoxPeer : public WidgetPeer {
   void RowsRemoved(int, int) override { ApplyAll(); }
   void RowChanged(int) override { ApplyAll(); }
   bool TypesThroughEngine() const override { return combo_.Style() != 2; }
-  void AfterEngineKey() override { Changed("Text"); }
+  void AfterEngineKey() override { Changed(vb::Property::Text); }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QComboBox*>(Widget());
-    if (Is(property, "Style")) SetEditable(widget, combo_.Style() != 2);
-    if (property.empty()) {
+    if (Is(property, vb::Property::Style)) SetEditable(widget, combo_.Style() != 2);
+    if (property == vb::Property::All) {
       QStringList entries;
       for (int i = 0; i < combo_.ListCount(); ++i) entries << ToQt(combo_.List(i));
       widget->clear();
       widget->addItems(entries);
     }
-    if (Is(property, "ListIndex") || Is(property, "Text")) {
+    if (Is(property, vb::Property::ListIndex) || Is(property, vb::Property::Text)) {
       widget->setCurrentIndex(combo_.ListIndex());
       if (auto* edit = widget->lineEdit()) {
         edit->setText(ToQt(combo_.Text()));
@@ -68,7 +68,7 @@ class ComboBoxPeer : public WidgetPeer {
       int caret = edit->cursorPosition();
       if (!UserAction([&] { combo_.UserType(FromQt(text)); })) return;
       combo_.SetSelStart(caret);
-      Changed("Text");
+      Changed(vb::Property::Text);
     });
     QObject::connect(widget->lineEdit(), &QLineEdit::cursorPositionChanged, [this] {
       if (Applying()) return;
@@ -113,16 +113,16 @@ class ListBoxPeer : public WidgetPeer {
   void RowChanged(int) override { ApplyAll(); }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QListWidget*>(Widget());
-    if (Is(property, "MultiSelect") || Is(property, "Style")) {
+    if (Is(property, vb::Property::MultiSelect) || Is(property, vb::Property::Style)) {
       widget->setSelectionMode(list_.Style() == 1         ? QAbstractItemView::SingleSelection
                                : list_.MultiSelect() == 1 ? QAbstractItemView::MultiSelection
                                : list_.MultiSelect() == 2 ? QAbstractItemView::ExtendedSelection
                                                           : QAbstractItemView::SingleSelection);
     }
-    if (property.empty()) Refill(widget);
-    if (property.empty() || property == "ListIndex") ShowSelection(widget);
+    if (property == vb::Property::All) Refill(widget);
+    if (property == vb::Property::All || property == vb::Property::ListIndex) ShowSelection(widget);
   }
 
  private:

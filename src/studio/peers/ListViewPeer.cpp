@@ -82,24 +82,24 @@ ListViewPeer::~ListViewPeer() {
   model_->Detach();
 }
 
-void ListViewPeer::Apply(std::string_view property) {
+void ListViewPeer::Apply(vb::Property property) {
   auto* table = Table();
-  if (Is(property, "MultiSelect")) {
+  if (Is(property, vb::Property::MultiSelect)) {
     table->setSelectionMode(view_.MultiSelect() ? QAbstractItemView::ExtendedSelection
                                                 : QAbstractItemView::SingleSelection);
   }
-  if (Is(property, "SmallIcons")) model_->IconsChanged();
-  if (property.empty()) {
+  if (Is(property, vb::Property::SmallIcons)) model_->IconsChanged();
+  if (property == vb::Property::All) {
     ShowColumns();
     ShowSelection();
   }
-  if (property.empty() || property == "LabelEdit") {
+  if (property == vb::Property::All || property == vb::Property::LabelEdit) {
     // Automatic editing starts with a click on the selected row's label or F2.
     table->setEditTriggers(view_.LabelEdit() == 0 ? QAbstractItemView::SelectedClicked |
                                                         QAbstractItemView::EditKeyPressed
                                                   : QAbstractItemView::NoEditTriggers);
   }
-  if (property == "EditingItem" && !beginning_) {
+  if (property == vb::Property::EditingItem && !beginning_) {
     // Code started the edit (manual editing): open the editor once the call has returned.
     QTimer::singleShot(0, table, [this] { OpenEditor(); });
   }

@@ -27,7 +27,7 @@ class ListViewPeer : public WidgetPeer {
   bool ReportsLeftMouse() const override { return true; }
 
  protected:
-  void Apply(std::string_view property) override;
+  void Apply(vb::Property property) override;
 
  private:
   friend class LabelEditDelegate;

@@ -22,10 +22,11 @@ class LabelPeer : public WidgetPeer {
   bool ClicksByMouse() const override { return true; }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QLabel*>(Widget());
-    if (Is(property, "Caption")) widget->setText(WithoutAccessKey(ToQt(label_.Caption())));
-    if (Is(property, "Alignment")) {
+    if (Is(property, vb::Property::Caption))
+      widget->setText(WithoutAccessKey(ToQt(label_.Caption())));
+    if (Is(property, vb::Property::Alignment)) {
       Qt::Alignment horizontal = label_.Alignment() == 1   ? Qt::AlignRight
                                  : label_.Alignment() == 2 ? Qt::AlignHCenter
                                                            : Qt::AlignLeft;
@@ -49,25 +50,26 @@ class TextBoxPeer : public WidgetPeer {
       // The engine puts the caret at the end of typed text; the widget knows where it is.
       int caret = static_cast<QLineEdit*>(Widget())->cursorPosition();
       if (!UserAction([&] { box_.UserType(FromQt(text)); })) return;
-      if (UserAction([&] { box_.SetSelStart(caret); })) Changed("SelStart");
+      if (UserAction([&] { box_.SetSelStart(caret); })) Changed(vb::Property::SelStart);
     });
     QObject::connect(widget, &QLineEdit::cursorPositionChanged, [this] { SyncSelection(); });
     QObject::connect(widget, &QLineEdit::selectionChanged, [this] { SyncSelection(); });
     SetWidget(widget);
   }
   bool TypesThroughEngine() const override { return true; }
-  void AfterEngineKey() override { Changed("SelStart"); }
+  void AfterEngineKey() override { Changed(vb::Property::SelStart); }
 
  protected:
-  void Apply(std::string_view property) override {
+  void Apply(vb::Property property) override {
     auto* widget = static_cast<QLineEdit*>(Widget());
-    if (property.empty()) {
+    if (property == vb::Property::All) {
       widget->setReadOnly(box_.Locked());
       widget->setMaxLength(box_.MaxLength() > 0 ? box_.MaxLength() : 32767);
     }
     QString text = ToQt(box_.Text());
-    if (Is(property, "Text") && widget->text() != text) widget->setText(text);
-    if (Is(property, "Text") || Is(property, "SelStart") || Is(property, "SelLength")) {
+    if (Is(property, vb::Property::Text) && widget->text() != text) widget->setText(text);
+    if (Is(property, vb::Property::Text) || Is(property, vb::Property::SelStart) ||
+        Is(property, vb::Property::SelLength)) {
       if (box_.SelLength() > 0) {
         widget->setSelection(box_.SelStart(), box_.SelLength());
       } else {

@@ -32,7 +32,7 @@ void WidgetPeer::SetWidget(QWidget* widget) {
   widget_->setObjectName(ToQt(control_.Name()));
 }
 
-void WidgetPeer::Changed(std::string_view property) {
+void WidgetPeer::Changed(vb::Property property) {
   if (!widget_) return;
   ++applying_;
   try {
@@ -45,13 +45,15 @@ void WidgetPeer::Changed(std::string_view property) {
   --applying_;
 }
 
-void WidgetPeer::ApplyCommon(std::string_view property) {
-  if (Is(property, "Move") || Is(property, "Container")) host_.Place(control_);
-  if (Is(property, "Visible")) widget_->setVisible(control_.Visible());
-  if (Is(property, "Enabled")) widget_->setEnabled(control_.Enabled());
-  if (Is(property, "ToolTipText")) widget_->setToolTip(ToQt(control_.ToolTipText()));
-  if (Is(property, "Font")) widget_->setFont(ToQt(control_.Font(), QApplication::font()));
-  if (Is(property, "ForeColor") || Is(property, "BackColor")) {
+void WidgetPeer::ApplyCommon(vb::Property property) {
+  if (Is(property, vb::Property::Move) || Is(property, vb::Property::Container))
+    host_.Place(control_);
+  if (Is(property, vb::Property::Visible)) widget_->setVisible(control_.Visible());
+  if (Is(property, vb::Property::Enabled)) widget_->setEnabled(control_.Enabled());
+  if (Is(property, vb::Property::ToolTipText)) widget_->setToolTip(ToQt(control_.ToolTipText()));
+  if (Is(property, vb::Property::Font))
+    widget_->setFont(ToQt(control_.Font(), QApplication::font()));
+  if (Is(property, vb::Property::ForeColor) || Is(property, vb::Property::BackColor)) {
     QPalette palette = QApplication::palette(widget_);
     if (!IsSystemColour(control_.ForeColor())) {
       for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {

@@ -56,24 +56,24 @@ class WidgetPeer : public vb::ControlPeer {
   // not the engine's own UserClick, such as a list view's rows).
   virtual bool ReportsLeftMouse() const { return false; }
 
-  void Changed(std::string_view property) final;
-  void ApplyAll() { Changed({}); }
+  void Changed(vb::Property property) final;
+  void ApplyAll() { Changed(vb::Property::All); }
 
  protected:
   // Takes the widget, which the subclass made without a parent.
   void SetWidget(QWidget* widget);
   // The kind's own properties; "" means all of them.
-  virtual void Apply(std::string_view property) = 0;
+  virtual void Apply(vb::Property property) = 0;
   bool Applying() const { return applying_ > 0; }
   // A user's action may unload the form and so destroy this peer: true when it still lives.
   bool UserAction(const std::function<void()>& action);
   const TwipScale& Scale() const { return host_.Scale(); }
-  static bool Is(std::string_view property, std::string_view name) {
-    return property.empty() || property == name;
+  static bool Is(vb::Property property, vb::Property name) {
+    return property == vb::Property::All || property == name;
   }
 
  private:
-  void ApplyCommon(std::string_view property);
+  void ApplyCommon(vb::Property property);
 
   vb::Control& control_;
   PeerHost& host_;

@@ -1,5 +1,5 @@
 // Delimited fields and the intrinsic-type test.
-#include "addin/Fields.h"
+#include "base/Fields.h"
 
 #include "runtime/VbStrings.h"
 

@@ -1,11 +1,13 @@
-// cli::Composition: the runtime, the IDE and the connected add-in as a front end puts them
-// together (the command line here; the studio reuses it with its own toolkit on top).
+// composition::Composition: the runtime, the IDE and the connected add-in as a front end puts
+// them together (the command line headless; the studio with its own toolkit on top), and opening
+// a project file in that IDE.
 #pragma once
 
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
 #include "addin/Connect.h"
@@ -15,7 +17,7 @@
 #include "runtime/Runtime.h"
 #include "vbide/ClassRegistry.h"
 
-namespace cli {
+namespace composition {
 
 struct Desk {
   std::shared_ptr<vb::Runtime> runtime;
@@ -42,4 +44,18 @@ std::filesystem::path ConfigFolder(const std::optional<std::string>& configDir);
 // pictures and the build's version; an IDE wired to it, knowing the add-in.
 std::unique_ptr<Desk> MakeDesk(const std::filesystem::path& configFolder, int codePage);
 
-}  // namespace cli
+// A file a front end was asked to open that is no project: not a .vbg or .vbp, or not there;
+// or a code page the IDE cannot read with.
+struct OpenError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Throws OpenError for a code page no table decodes.
+void CheckCodePage(int codePage);
+
+// Opens FILE (a .vbg or .vbp) in `ide`, writing each problem to `err` as "file:line: message";
+// returns how many there were. What could be loaded stays open. Throws OpenError for a file
+// that is not a .vbg or .vbp, or that does not exist.
+int OpenProjectFile(host::Ide& ide, const std::filesystem::path& file, std::ostream& err);
+
+}  // namespace composition

@@ -1,5 +1,5 @@
 // quillmark::mdlMain.
-#include "addin/mdlMain.h"
+#include "base/mdlMain.h"
 
 namespace quillmark {
 

@@ -1,5 +1,5 @@
-// cli::Composition.
-#include "cli/Composition.h"
+// composition::Composition.
+#include "composition/Composition.h"
 
 #include <unistd.h>
 
@@ -7,13 +7,15 @@
 #include "addin/Registration.h"
 #include "host/Addins.h"
 #include "host/RuntimeBridge.h"
+#include "host/files/Problem.h"
 #include "runtime/AppInfo.h"
+#include "runtime/CodePage.h"
 #include "runtime/DesktopShell.h"
 #include "runtime/FileSystem.h"
 #include "runtime/Resources.h"
 #include "runtime/Utf.h"
 
-namespace cli {
+namespace composition {
 namespace {
 
 std::filesystem::path ProgramFolder() {
@@ -72,4 +74,22 @@ void Desk::Disconnect() {
   if (Addin()) ide->DisconnectAddIn(quillmark::kProgId, vbide::ext_dm_HostShutdown);
 }
 
-}  // namespace cli
+void CheckCodePage(int codePage) {
+  if (!vb::CodePage::Find(codePage))
+    throw OpenError("unsupported code page " + std::to_string(codePage));
+}
+
+int OpenProjectFile(host::Ide& ide, const std::filesystem::path& file, std::ostream& err) {
+  std::string ext = file.extension().string();
+  for (auto& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (ext != ".vbg" && ext != ".vbp") throw OpenError(file.string() + ": not a .vbg or .vbp file");
+  if (!std::filesystem::is_regular_file(file)) throw OpenError(file.string() + ": no such file");
+  int problems = 0;
+  for (auto& problem : ide.Open(file)) {
+    err << host::files::FormatProblem(problem) << "\n";
+    ++problems;
+  }
+  return problems;
+}
+
+}  // namespace composition

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "options/SettingsVocabulary.h"
+#include "base/SettingsVocabulary.h"
 #include "runtime/SettingsStore.h"
 
 namespace quillmark::options {

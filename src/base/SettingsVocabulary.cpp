@@ -1,5 +1,5 @@
 // Key builders and the reading and writing rules of the add-in's settings values.
-#include "options/SettingsVocabulary.h"
+#include "base/SettingsVocabulary.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 // The main module's shared routines.
-#include "addin/mdlMainHelpers.h"
+#include "base/mdlMainHelpers.h"
 
-#include "addin/ResumeNext.h"
+#include "base/ResumeNext.h"
 #include "runtime/UserDocument.h"
 #include "runtime/forms/Form.h"
 #include "runtime/forms/ListView.h"
@@ -44,8 +44,8 @@ void RefreshTypeList(mdlMain& main, bool refresh) {
   }
 }
 
-void SaveFormPosition(mdlMain& main, vb::Form& form, bool withSize) {
-  auto settings = main.Settings();
+void SaveFormPosition(vb::Runtime& runtime, vb::Form& form, bool withSize) {
+  options::Settings settings(runtime.Settings());
   auto key = [&](Key k) { return options::ForForm(form.Name(), k); };
   if (withSize) {
     settings.WriteWhole(key(Placement::kWindowState), form.WindowState());
@@ -57,8 +57,8 @@ void SaveFormPosition(mdlMain& main, vb::Form& form, bool withSize) {
   settings.Write(key(Placement::kTop), vb::CStr(static_cast<double>(form.Top())));
 }
 
-void LoadFormPosition(mdlMain& main, vb::Form& form, bool withSize) {
-  auto settings = main.Settings();
+void LoadFormPosition(vb::Runtime& runtime, vb::Form& form, bool withSize) {
+  options::Settings settings(runtime.Settings());
   auto key = [&](Key k) { return options::ForForm(form.Name(), k); };
   std::int16_t left = settings.Short(key(Placement::kLeft));
   std::int16_t top = settings.Short(key(Placement::kTop));
@@ -69,16 +69,16 @@ void LoadFormPosition(mdlMain& main, vb::Form& form, bool withSize) {
   }
   if (form.WindowState() != vb::vbNormal) return;
   if (left < 1 && top < 1) {
-    auto& screen = main.Rt().GetScreen();
+    auto& screen = runtime.GetScreen();
     form.Move((screen.Width() - form.Width()) / 2, (screen.Height() - form.Height()) / 2);
     return;
   }
   form.Move(left, top);
 }
 
-void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+void LoadColumnWidths(vb::Runtime& runtime, std::u16string_view section, vb::ListView& listView,
                       std::u16string_view prefix) {
-  auto settings = main.Settings();
+  options::Settings settings(runtime.Settings());
   auto& columns = listView.ColumnHeaders();
   for (int i = 1; i <= columns.Count(); ++i) {
     std::u16string name = options::ColumnKeyName(prefix, i);
@@ -88,9 +88,9 @@ void LoadColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& 
   }
 }
 
-void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& listView,
+void SaveColumnWidths(vb::Runtime& runtime, std::u16string_view section, vb::ListView& listView,
                       std::u16string_view prefix) {
-  auto settings = main.Settings();
+  options::Settings settings(runtime.Settings());
   auto& columns = listView.ColumnHeaders();
   for (int i = 1; i <= columns.Count(); ++i) {
     std::u16string name = options::ColumnKeyName(prefix, i);
@@ -102,15 +102,15 @@ void SaveColumnWidths(mdlMain& main, std::u16string_view section, vb::ListView& 
   }
 }
 
-void SetFullRowSelect(mdlMain& main, vb::Hwnd listView) {
-  auto& windows = main.Rt().Windows();
+void SetFullRowSelect(vb::Runtime& runtime, vb::Hwnd listView) {
+  auto& windows = runtime.Windows();
   auto style = windows.SendMessage(listView, vb::kLvmGetExtendedListViewStyle, 0, 0);
   windows.SendMessage(listView, vb::kLvmSetExtendedListViewStyle, 0,
                       style | vb::kLvsExFullRowSelect);
 }
 
-vb::Hwnd TopLevelParent(mdlMain& main, vb::Hwnd hwnd) {
-  auto& windows = main.Rt().Windows();
+vb::Hwnd TopLevelParent(vb::Runtime& runtime, vb::Hwnd hwnd) {
+  auto& windows = runtime.Windows();
   for (vb::Hwnd parent = windows.GetParent(hwnd); parent != 0; parent = windows.GetParent(hwnd))
     hwnd = parent;
   return hwnd;
@@ -121,7 +121,7 @@ void PassAltKeyToIDE(mdlMain& main, vb::UserDocument& document, int& keyCode, in
     if (shift != kAltOnly || keyCode < 'A' || keyCode > 'Z') return;
     // The IDE can take an accelerator only while one of its windows is active.
     if (!main.gVBInstance || !main.gVBInstance->ActiveWindow()) return;
-    if (main.mainFrame == 0) main.mainFrame = TopLevelParent(main, document.hWnd());
+    if (main.mainFrame == 0) main.mainFrame = TopLevelParent(main.Rt(), document.hWnd());
     auto& windows = main.Rt().Windows();
     windows.SetFocus(main.mainFrame);
     windows.PostMessage(main.mainFrame, vb::kWmSysKeyDown, keyCode, kAltHeldContext);

@@ -1,5 +1,5 @@
 // The add-in's typed view of the settings store.
-#include "options/Settings.h"
+#include "base/Settings.h"
 
 #include <algorithm>
 

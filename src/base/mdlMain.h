@@ -5,7 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "options/Settings.h"
+#include "base/ConnectRef.h"
+#include "base/Settings.h"
 #include "runtime/Runtime.h"
 #include "runtime/VbStrings.h"
 #include "runtime/WindowSystem.h"
@@ -13,7 +14,6 @@
 
 namespace quillmark {
 
-class Connect;
 class frmSearch;
 class frmNewMember;
 class frmAutoSave;
@@ -26,7 +26,7 @@ struct mdlMain {
   explicit mdlMain(std::shared_ptr<vb::Runtime> runtime);
 
   std::shared_ptr<vb::Runtime> runtime;  // the host's services: forms, message boxes, settings ...
-  Connect* connect = nullptr;            // the add-in's connection object (owns this state)
+  ConnectRef connect;                    // the add-in's connection (owns this state)
 
   vbide::VBEPtr gVBInstance;
   std::shared_ptr<frmSearch> gfrmSearch;
