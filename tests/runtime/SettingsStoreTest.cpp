@@ -188,6 +188,10 @@ struct DamagedCase {
   int line;
 };
 
+void PrintTo(const DamagedCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
 class DamagedFile : public IniStore, public ::testing::WithParamInterface<DamagedCase> {};
 
 TEST_P(DamagedFile, ReadsAsDefaultsIsReportedOnceAndIsKeptUntilAWrite) {

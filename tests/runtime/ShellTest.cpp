@@ -24,6 +24,10 @@ struct ExecCase {
   std::size_t fileSlot;
 };
 
+void PrintTo(const ExecCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
 class ExecLine : public ::testing::TestWithParam<ExecCase> {};
 
 TEST_P(ExecLine, GivesTheProgramItsArgumentsAndThePlaceForTheFiles) {

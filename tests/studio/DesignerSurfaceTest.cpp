@@ -18,6 +18,10 @@ struct SurfaceCase {
   studio::TwipSize expected;
 };
 
+void PrintTo(const SurfaceCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
 class DesignerSurface : public ::testing::TestWithParam<SurfaceCase> {};
 
 TEST_P(DesignerSurface, ComesFromTheBlocksOwnSize) {

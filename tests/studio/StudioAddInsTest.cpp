@@ -27,6 +27,10 @@ struct IniCase {
   std::size_t problems;
 };
 
+void PrintTo(const IniCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
 class AddInListReads : public ::testing::TestWithParam<IniCase> {};
 
 TEST_P(AddInListReads, EntriesOfTheAddInsSectionOnly) {
