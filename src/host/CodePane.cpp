@@ -71,6 +71,11 @@ void CodePane::SetSelection(int startLine, int startColumn, int endLine, int end
   startColumn_ = startColumn;
   endLine_ = endLine;
   endColumn_ = endColumn;
+  // A selection out of view is brought into it, its start line in the middle of the window, so
+  // a match opened from elsewhere is seen with the code around it.
+  int visible = std::max(1, visibleLines_);
+  if (startLine < topLine_ || startLine > topLine_ + visible - 1)
+    topLine_ = std::max(1, startLine - visible / 2);
   if (onChange) onChange();
 }
 

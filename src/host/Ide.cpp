@@ -182,6 +182,10 @@ files::Problems Ide::Open(const std::filesystem::path& file) {
     if (!first || startup) first = project;
   }
   if (first && !ActiveVBProject()) SetActiveVBProject(first);
+  // As in VB, the Project window opens with a component of the start-up project selected (the
+  // first the project file lists), so a search scoped by the selection has a module to search.
+  if (first && !SelectedVBComponent() && first->VBComponents()->Count() > 0)
+    SelectComponent(first->VBComponents()->Item(1));
   changed.Raise();
   return problems;
 }

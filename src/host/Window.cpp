@@ -40,7 +40,11 @@ bool Window::Visible() {
 
 void Window::SetVisible(bool visible) {
   CheckAlive(u"window", caption_);
-  if (visible_ == visible) return;
+  if (visible) ++showRequests_;
+  if (visible_ == visible) {
+    if (auto ide = visible ? ide_.lock() : nullptr) ide->changed.Raise();
+    return;
+  }
   visible_ = visible;
   // A tool window's document sees its window shown and hidden.
   if (document_) document_->Display(visible);

@@ -31,6 +31,9 @@ class Window : public vbide::Window, public Liveness {
   vbide::WindowsPtr Collection() override;
 
   void SetCaption(std::u16string caption);
+  // How many times the window was asked to be visible, also while it already was: a shell
+  // brings it to the front (out from behind a tab) when this grows.
+  int ShowRequests() const { return showRequests_; }
   // Tool windows: the document they host and the id that keys their docking place.
   std::shared_ptr<vb::UserDocument> Document() const { return document_; }
   const std::u16string& PersistentId() const { return persistentId_; }
@@ -44,6 +47,7 @@ class Window : public vbide::Window, public Liveness {
   std::u16string caption_;
   std::intptr_t hwnd_;
   bool visible_;
+  int showRequests_ = 0;
   std::shared_ptr<vb::UserDocument> document_;
   std::u16string persistentId_;
 };

@@ -86,6 +86,7 @@ class frmSearch final : public vb::Form {
 
   // Engine (frmSearchEngine.cpp)
   void StartSearch();
+  void SearchScope(docResults& results);  // the scope shown in the dialog, searched
   void SearchAllProjects(docResults& results);
   void SearchProject(docResults& results, const vbide::VBProjectPtr& project);
   void SearchModule(docResults& results, const vbide::VBProjectPtr& project,

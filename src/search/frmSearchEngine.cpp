@@ -36,34 +36,52 @@ void frmSearch::ToolbarSearch() {
 
 void frmSearch::StartSearch() {
   main_.Searching = true;
-  // Held here: the window may be released while the search yields.
-  std::shared_ptr<docResults> results = main_.connect->ShowResults();
-  Obj(results).InitSearch();
-  EnsureLoaded();
-  auto vbe = main_.gVBInstance;
-  if (chkSelected.Value() == 1 && chkSelected.Enabled()) {
-    SearchSelection(*results);
-  } else if (cboProject.Text() == kAllProjects) {
-    // The maximum ends as 1 + every component, so the bar never shows 100% before "Complete.".
-    for (auto& project : vbe->VBProjects()->Items())
-      results->SetProgressMax(results->ProgressMax() + project->VBComponents()->Count());
-    SearchAllProjects(*results);
-  } else {
-    auto project = vbe->VBProjects()->Item(cboProject.Text());
-    if (cboModule.Text() == kAllModules) {
-      results->SetProgressMax(project->VBComponents()->Count());
-      SearchProject(*results, project);
-    } else {
-      auto component = project->VBComponents()->Item(cboModule.Text());
-      if (cboProcedure.Text() != kAllProcedures) {
-        SearchProcedure(*results, project, component, cboProcedure.Text());
-      } else {
-        SearchModule(*results, project, component);
-      }
-    }
+  std::shared_ptr<docResults> results;
+  try {
+    // Held here: the window may be released while the search yields.
+    results = main_.connect->ShowResults();
+    Obj(results).InitSearch();
+  } catch (...) {
+    main_.Searching = false;  // the connection is gone: no window to finish
+    throw;
+  }
+  try {
+    SearchScope(*results);
+  } catch (...) {
+    // An error (a project or module no longer there) goes on to the caller, but the search is
+    // over: the window must not stay with Stop enabled and Searching set.
+    results->EndSearch();
+    main_.Searching = false;
+    throw;
   }
   results->EndSearch();
   main_.Searching = false;
+}
+
+void frmSearch::SearchScope(docResults& results) {
+  EnsureLoaded();
+  auto vbe = main_.gVBInstance;
+  if (chkSelected.Value() == 1 && chkSelected.Enabled()) {
+    SearchSelection(results);
+  } else if (cboProject.Text() == kAllProjects) {
+    // The maximum ends as 1 + every component, so the bar never shows 100% before "Complete.".
+    for (auto& project : vbe->VBProjects()->Items())
+      results.SetProgressMax(results.ProgressMax() + project->VBComponents()->Count());
+    SearchAllProjects(results);
+  } else {
+    auto project = vbe->VBProjects()->Item(cboProject.Text());
+    if (cboModule.Text() == kAllModules) {
+      results.SetProgressMax(project->VBComponents()->Count());
+      SearchProject(results, project);
+    } else {
+      auto component = project->VBComponents()->Item(cboModule.Text());
+      if (cboProcedure.Text() != kAllProcedures) {
+        SearchProcedure(results, project, component, cboProcedure.Text());
+      } else {
+        SearchModule(results, project, component);
+      }
+    }
+  }
 }
 
 void frmSearch::SearchAllProjects(docResults& results) {

@@ -185,6 +185,10 @@ void CodeEditor::resizeEvent(QResizeEvent* event) {
   LayoutGutter();
   int lineHeight = std::max(1, fontMetrics().lineSpacing());
   pane_->SetCountOfVisibleLines(std::max(1, viewport()->height() / lineHeight));
+  // The pane's top line was set before the editor had a size to scroll in (a match opened in
+  // a window that is only now laid out): it is applied once the text can scroll there.
+  Busy busy(syncing_);
+  verticalScrollBar()->setValue(pane_->TopLine() - 1);
 }
 
 void CodeEditor::focusInEvent(QFocusEvent* event) {

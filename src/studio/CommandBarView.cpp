@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QEvent>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -104,11 +105,21 @@ void CommandBarView::AddExtraAction(const std::u16string& menuName, QAction* act
 void CommandBarView::ScheduleRebuild() {
   // The model changes in bursts (an add-in adds a dozen controls); one redraw per burst, and
   // never while a drawn widget is still delivering the click that caused the change.
-  if (pending_) return;
+  if (recording_ > 0 || pending_) return;
   pending_ = true;
   QTimer::singleShot(0, this, [this] {
-    if (pending_) Rebuild();
+    if (pending_ && actionDepth_ == 0) Rebuild();
   });
+}
+
+void CommandBarView::RunUserAction(const std::function<void()>& action) {
+  ++actionDepth_;
+  guard_(action);
+  --actionDepth_;
+  if (actionDepth_ == 0 && pending_) {
+    pending_ = false;
+    ScheduleRebuild();
+  }
 }
 
 void CommandBarView::Rebuild() {
@@ -190,8 +201,8 @@ QAction* CommandBarView::MakeButtonAction(QObject* parent,
   connect(action, &QAction::triggered, this, [this, weak, tag] {
     auto pressed = weak.lock();
     if (!pressed || !pressed->Alive()) return;
-    guard_([&] { pressed->Click(); });
-    if (auto it = commands_.find(tag); it != commands_.end()) guard_(it->second);
+    RunUserAction([&] { pressed->Click(); });
+    if (auto it = commands_.find(tag); it != commands_.end()) RunUserAction(it->second);
   });
   return action;
 }
@@ -215,13 +226,14 @@ void CommandBarView::AddComboBox(QToolBar& toolBar,
     auto target = weak.lock();
     if (!target || !target->Alive()) return;
     *typedCommit = true;
-    guard_([&] { target->CommitTyped(FromQt(box->currentText())); });
-    QTimer::singleShot(0, box, [typedCommit] { *typedCommit = false; });
+    std::u16string typed = FromQt(box->currentText());
+    RunUserAction([&] { target->CommitTyped(typed); });
+    QTimer::singleShot(0, this, [typedCommit] { *typedCommit = false; });
   });
   connect(box, &QComboBox::activated, this, [this, weak, typedCommit](int index) {
     auto target = weak.lock();
     if (*typedCommit || !target || !target->Alive()) return;
-    guard_([&] { target->Pick(index + 1); });
+    RunUserAction([&] { target->Pick(index + 1); });
   });
   toolBar.addWidget(box);
 }
@@ -254,12 +266,20 @@ void CommandBarView::BuildToolBars() {
 
 void CommandBarView::PlaceToolBar(QToolBar& toolBar, host::CommandBar& bar) {
   if (bar.Position() == vbide::msoBarFloating) {
-    // Qt has no call that floats a toolbar; a tool window holding it looks and acts the same.
-    toolBar.setParent(&window_, Qt::Tool);
+    // Qt has no call that floats a toolbar; a tool window holding it looks and acts the same:
+    // a title and a close button, nothing to minimise or maximise.
+    toolBar.setParent(&window_, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                    Qt::WindowCloseButtonHint);
+    toolBar.setWindowTitle(ToQt(bar.Name()));
     // Drawn again after every change to the bars; showing it must not take the keyboard from
     // the code window the user is typing in.
     toolBar.setAttribute(Qt::WA_ShowWithoutActivating);
-    toolBar.move(window_.mapToGlobal(QPoint(bar.Left(), bar.Top())));
+    toolBar.setProperty("qmBar", ToQt(bar.Name()));
+    toolBar.adjustSize();
+    toolBar.setFixedSize(toolBar.sizeHint());
+    // A floating bar's Left and Top are screen places, as the IDE's are.
+    toolBar.move(bar.Left(), bar.Top());
+    toolBar.installEventFilter(this);
     toolBar.show();
     return;
   }
@@ -271,6 +291,28 @@ void CommandBarView::PlaceToolBar(QToolBar& toolBar, host::CommandBar& bar) {
   if (newRow) window_.addToolBarBreak(area);
   toolBar.setProperty("qmRow", bar.RowIndex());
   window_.addToolBar(area, &toolBar);
+}
+
+bool CommandBarView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Move)
+    if (auto* toolBar = qobject_cast<QToolBar*>(watched); toolBar && toolBar->isVisible())
+      RecordFloatingPlace(*toolBar);
+  return QObject::eventFilter(watched, event);
+}
+
+void CommandBarView::RecordFloatingPlace(QToolBar& toolBar) {
+  std::u16string name = FromQt(toolBar.property("qmBar").toString());
+  for (auto& item : bars_->Items()) {
+    auto bar = std::static_pointer_cast<host::CommandBar>(item);
+    if (bar->Name() != name || bar->Position() != vbide::msoBarFloating) continue;
+    QPoint place = toolBar.pos();
+    if (bar->Left() == place.x() && bar->Top() == place.y()) return;
+    ++recording_;
+    bar->SetLeft(place.x());
+    bar->SetTop(place.y());
+    --recording_;
+    return;
+  }
 }
 
 bool CommandBarView::OpenMenu(QChar key) {

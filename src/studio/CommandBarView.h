@@ -46,6 +46,14 @@ class CommandBarView final : public QObject {
 
  private:
   void ScheduleRebuild();
+  // Runs a user's action on a drawn control. The bars are never redrawn while one runs (the
+  // widget delivering it would be deleted under its own handler, and an add-in's search runs
+  // DoEvents inside it); a change meanwhile is drawn once the outermost action is over.
+  void RunUserAction(const std::function<void()>& action);
+  // A floating toolbar the user moved: its place goes into the model, so a redraw keeps it and
+  // the add-in saves it at disconnection.
+  void RecordFloatingPlace(QToolBar& toolBar);
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void BuildMenuBar();
   void BuildToolBars();
   void FillMenu(QMenu& menu, host::CommandBar& bar);
@@ -63,6 +71,8 @@ class CommandBarView final : public QObject {
   std::vector<QToolBar*> toolBars_;
   bool pending_ = false;
   int rebuilds_ = 0;
+  int actionDepth_ = 0;
+  int recording_ = 0;  // the view itself is writing a place into the model
 };
 
 }  // namespace studio

@@ -82,4 +82,24 @@ TwipSize DesignerSurfaceTwips(vbide::vbext_ComponentType type, const Properties&
   return Pair(properties, u"Width", u"Height").value_or(kDefaultSurface);
 }
 
+std::u16string DesignerTitle(const Properties& properties) {
+  for (auto& [key, value] : properties) {
+    if (!SameName(key, u"Caption")) continue;
+    if (value.size() < 2 || value.front() != u'"') return value;
+    std::u16string title;
+    for (std::size_t i = 1; i < value.size(); ++i) {
+      if (value[i] != u'"') {
+        title += value[i];
+      } else if (i + 1 < value.size() && value[i + 1] == u'"') {
+        title += u'"';
+        ++i;
+      } else {
+        break;  // the closing quote; a comment may follow it
+      }
+    }
+    return title;
+  }
+  return {};
+}
+
 }  // namespace studio

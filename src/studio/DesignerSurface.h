@@ -27,4 +27,9 @@ TwipSize DesignerSurfaceTwips(
     vbide::vbext_ComponentType type,
     const std::vector<std::pair<std::u16string, std::u16string>>& properties);
 
+// The title a form's designer shows: its Caption as the user reads it (the file's quotes gone,
+// a doubled quote read as one); empty when the form has none.
+std::u16string DesignerTitle(
+    const std::vector<std::pair<std::u16string, std::u16string>>& properties);
+
 }  // namespace studio

@@ -1,8 +1,10 @@
 // studio::DesignerView.
 #include "studio/DesignerView.h"
 
+#include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "runtime/Error.h"
 #include "studio/DesignerSurface.h"
@@ -104,31 +106,67 @@ QSize DesignerView::sizeHint() const {
   return {surface.right() + 1 + 8, surface.bottom() + 1 + 8};
 }
 
+DesignerView::DrawnCaption DesignerView::TitleCaption(const QFontMetrics& metrics) const {
+  QRect surface = Surface();
+  QRect bar(surface.left() + 6, surface.top() - captionBar_, surface.width() - 10, captionBar_);
+  QString title = ToQt(DesignerTitle(RootProperties(*component_)));
+  return {bar, metrics.elidedText(title, Qt::ElideRight, bar.width()),
+          Qt::AlignLeft | Qt::AlignVCenter};
+}
+
+DesignerView::DrawnCaption DesignerView::CaptionFor(host::Control& control, QRect place,
+                                                    const QFontMetrics& metrics) const {
+  constexpr int kAccessKey = Qt::TextShowMnemonic | Qt::TextSingleLine;
+  QString caption = CaptionOf(control);
+  if (control.ClassName() == u"VB.Frame") {
+    int width = std::min(metrics.horizontalAdvance(caption) + 4, place.width() - 12);
+    return {QRect(place.left() + 8, place.top(), width, metrics.height()),
+            metrics.elidedText(caption, Qt::ElideRight, width, kAccessKey),
+            Qt::AlignLeft | Qt::AlignTop | kAccessKey};
+  }
+  return {place.adjusted(3, 1, -2, -1),
+          metrics.elidedText(caption, Qt::ElideRight, place.width() - 5, kAccessKey),
+          Qt::AlignLeft | Qt::AlignVCenter | kAccessKey};
+}
+
+std::vector<DesignerView::DrawnCaption> DesignerView::Captions() const {
+  std::vector<DrawnCaption> captions;
+  QFontMetrics metrics(font());
+  if (captionBar_ > 0) captions.push_back(TitleCaption(metrics));
+  if (auto designer = component_->Form())
+    for (auto& control : designer->List())
+      if (QRect place = PlaceOf(*control); !place.isEmpty())
+        captions.push_back(CaptionFor(*control, place, metrics));
+  return captions;
+}
+
 void DesignerView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   QRect surface = Surface();
-  painter.fillRect(surface, QColor(212, 208, 200));
+  QColor face(212, 208, 200);
+  painter.fillRect(surface, face);
   if (captionBar_ > 0) {
-    QRect bar(surface.left(), surface.top() - captionBar_, surface.width(), captionBar_);
-    painter.fillRect(bar, QColor(10, 36, 106));
+    DrawnCaption title = TitleCaption(painter.fontMetrics());
+    painter.fillRect(QRect(surface.left(), title.place.top(), surface.width(), captionBar_),
+                     QColor(10, 36, 106));
     painter.setPen(Qt::white);
-    painter.drawText(bar.adjusted(6, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                     painter.fontMetrics().elidedText(ToQt(component_->Name()), Qt::ElideRight,
-                                                      bar.width() - 10));
+    painter.drawText(title.place, title.flags, title.text);
   }
   auto designer = component_->Form();
   if (!designer) return;
+  int half = painter.fontMetrics().height() / 2;
   for (auto& control : designer->List()) {
     QRect place = PlaceOf(*control);
     if (place.isEmpty()) continue;
+    bool frame = control->ClassName() == u"VB.Frame";
     painter.setPen(QColor(64, 64, 64));
-    painter.setBrush(control->ClassName() == u"VB.TextBox" ? QColor(Qt::white)
-                                                           : QColor(212, 208, 200));
-    painter.drawRect(place.adjusted(0, 0, -1, -1));
+    painter.setBrush(control->ClassName() == u"VB.TextBox" ? QColor(Qt::white) : face);
+    // A frame's border runs through the middle of its caption, which covers it.
+    painter.drawRect((frame ? place.adjusted(0, half, 0, 0) : place).adjusted(0, 0, -1, -1));
+    DrawnCaption caption = CaptionFor(*control, place, painter.fontMetrics());
+    if (frame) painter.fillRect(caption.place, face);
     painter.setPen(Qt::black);
-    painter.drawText(
-        place.adjusted(3, 1, -2, -1), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        painter.fontMetrics().elidedText(CaptionOf(*control), Qt::ElideRight, place.width() - 5));
+    painter.drawText(caption.place, caption.flags, caption.text);
     if (!control->InSelection()) continue;
     painter.setBrush(Qt::black);
     for (QPoint corner :

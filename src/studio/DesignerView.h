@@ -2,8 +2,10 @@
 // with the designer's selection shown and set by clicking.
 #pragma once
 
+#include <QFontMetrics>
 #include <QWidget>
 #include <memory>
+#include <vector>
 
 #include "host/Component.h"
 #include "host/Designer.h"
@@ -25,6 +27,16 @@ class DesignerView final : public QWidget {
   QRect Surface() const;
   QSize sizeHint() const override;
 
+  // A text the designer draws: the form's title and each control's caption, where and how VB
+  // draws them (an "&" marks the access key, drawn underlined; a frame's caption sits on its
+  // top edge).
+  struct DrawnCaption {
+    QRect place;
+    QString text;
+    int flags;
+  };
+  std::vector<DrawnCaption> Captions() const;
+
  Q_SIGNALS:
   void selectionChanged();
 
@@ -35,6 +47,8 @@ class DesignerView final : public QWidget {
  private:
   int Pixels(double twips, bool vertical) const;
   QString CaptionOf(host::Control& control) const;
+  DrawnCaption TitleCaption(const QFontMetrics& metrics) const;
+  DrawnCaption CaptionFor(host::Control& control, QRect place, const QFontMetrics& metrics) const;
   static constexpr int kCaptionBar = 22;               // the drawn form's title bar, in pixels
   static constexpr double kDesignerFontPoints = 8.25;  // VB's MS Sans Serif 8
 

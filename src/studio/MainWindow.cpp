@@ -16,6 +16,7 @@
 #include <QSettings>
 #include <QTableWidget>
 #include <QTimer>
+#include <QToolBar>
 
 #include "host/CodeModule.h"
 #include "host/CodePane.h"
@@ -28,6 +29,7 @@
 #include "studio/CommandBarView.h"
 #include "studio/DesignerView.h"
 #include "studio/ImmediateView.h"
+#include "studio/OpenProjectDialog.h"
 #include "studio/ProjectExplorer.h"
 #include "studio/QtText.h"
 #include "studio/ToolWindowContent.h"
@@ -145,9 +147,8 @@ void MainWindow::FitDocksToContent() {
 
 void MainWindow::BindCommands() {
   bars_->SetCommand(host::IdeCommand::Open, [this] {
-    QString file = QFileDialog::getOpenFileName(
-        this, tr("Open Project"), {}, tr("Visual Basic projects (*.vbp *.vbg);;All files (*)"));
-    if (!file.isEmpty()) OpenProject(std::filesystem::path(file.toStdString()));
+    if (auto chosen = AskProjectToOpen(this, desk_.ide->CodePage(), prepareOpenDialog))
+      OpenProject(chosen->file, chosen->codePage);
   });
   bars_->SetCommand(host::IdeCommand::Save, [this] { SaveProjects(); });
   bars_->SetCommand(host::IdeCommand::SaveAs, [this] {
@@ -304,6 +305,16 @@ void MainWindow::KeepInsideArea(QMdiSubWindow& sub) const {
   QRect place = sub.geometry();
   int left = std::max(0, std::min(place.left(), room.width() - place.width()));
   int top = std::max(0, std::min(place.top(), room.height() - place.height()));
+  // A floating toolbar over the window's first lines would hide them: the window opens below
+  // it when the area has the room.
+  for (QToolBar* bar : findChildren<QToolBar*>()) {
+    if (!bar->isWindow() || !bar->isVisible()) continue;
+    QRect over(area_->viewport()->mapFromGlobal(bar->frameGeometry().topLeft()),
+               bar->frameGeometry().size());
+    QRect head(left, top, place.width(), 80);
+    if (over.intersects(head) && over.bottom() + 1 + place.height() <= room.height())
+      top = over.bottom() + 1;
+  }
   sub.move(left, top);
 }
 
@@ -334,11 +345,12 @@ void MainWindow::SyncToolWindows() {
       });
     }
     dock->setWindowTitle(ToQt(window->Caption()));
-    bool wasHidden = dock->isHidden();
     SyncDock(*dock, *window);
-    // Shown by the add-in (its results are in): the user is meant to see it, not a tab under
-    // the Immediate window.
-    if (wasHidden && !dock->isHidden()) dock->raise();
+    // Shown by the add-in (its results are in), also when it already was: the user is meant
+    // to see it, not a tab under the Immediate window.
+    int& seen = dockShowRequests_[window.get()];
+    if (seen != window->ShowRequests() && !dock->isHidden()) dock->raise();
+    seen = window->ShowRequests();
   }
 }
 

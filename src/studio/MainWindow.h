@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "composition/Composition.h"
 #include "vbide/Event.h"
@@ -17,6 +18,7 @@ class QMdiSubWindow;
 class QDockWidget;
 class QTableWidget;
 class QSettings;
+class QFileDialog;
 
 namespace host {
 class Window;
@@ -49,7 +51,10 @@ class MainWindow final : public QMainWindow {
   std::vector<DesignerView*> Designers() const;
   QDockWidget* ToolDock(const QString& persistentId) const;
   // The studio's commands, also behind the built-in menu items.
-  void OpenProject(const std::filesystem::path& file);
+  // Opens in `codePage`, or else in the one this project was last opened in, or else in the
+  // IDE's current one; the page is remembered for the project.
+  void OpenProject(const std::filesystem::path& file, std::optional<int> codePage = {});
+  int RememberedCodePage(const std::filesystem::path& file) const;
   bool SaveProjects();  // false when the user cancelled a Save As
   // Asks about unsaved projects (Yes saves, No discards, Cancel keeps them open). False: cancelled.
   bool ConfirmClose(const std::vector<vbide::VBProjectPtr>& projects);
@@ -59,7 +64,8 @@ class MainWindow final : public QMainWindow {
   // places were restored.
   void FitDocksToContent();
   std::function<void()> onAddInManager;
-  std::function<void()> onBeforeWindowsGo;  // the add-ins disconnect here, at exit
+  std::function<void()> onBeforeWindowsGo;              // the add-ins disconnect here, at exit
+  std::function<void(QFileDialog&)> prepareOpenDialog;  // a test answers File > Open here
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -99,6 +105,7 @@ class MainWindow final : public QMainWindow {
   QDockWidget *projectDock_ = nullptr, *propertiesDock_ = nullptr, *immediateDock_ = nullptr;
   std::map<host::Window*, QMdiSubWindow*> subWindows_;
   std::map<host::Window*, QDockWidget*> toolDocks_;
+  std::map<host::Window*, int> dockShowRequests_;  // the window's ShowRequests last drawn
   vbide::Subscription changed_;
   bool syncPending_ = false;
   bool lineNumbers_ = false;

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QSettings>
+#include <system_error>
 
 #include "host/Project.h"
 #include "runtime/Error.h"
@@ -12,7 +13,27 @@
 
 namespace studio {
 
-void MainWindow::OpenProject(const std::filesystem::path& file) {
+namespace {
+
+// The studio remembers, per project file, the code page it was last opened in.
+QString CodePageKey(const std::filesystem::path& file) {
+  std::error_code error;
+  std::filesystem::path absolute = std::filesystem::absolute(file, error);
+  QByteArray path =
+      QByteArray::fromStdString((error ? file : absolute).lexically_normal().string());
+  return QStringLiteral("CodePages/") + QString::fromLatin1(path.toPercentEncoding());
+}
+
+}  // namespace
+
+int MainWindow::RememberedCodePage(const std::filesystem::path& file) const {
+  return places_->value(CodePageKey(file), desk_.ide->CodePage()).toInt();
+}
+
+void MainWindow::OpenProject(const std::filesystem::path& file, std::optional<int> codePage) {
+  int page = codePage.value_or(RememberedCodePage(file));
+  desk_.ide->SetCodePage(page);
+  places_->setValue(CodePageKey(file), page);
   Guard([&] {
     auto problems = desk_.ide->Open(file);
     // What could be loaded is open; what could not is said, file and line, never dropped quietly.

@@ -195,6 +195,22 @@ TEST(ProjectEvents, AddingRenamingAndRemovingAProjectRebuildTheList) {
   EXPECT_EQ(ListOf(d.cboProject), (Texts{u"(All Projects)", u"Archive", u"Invoicing"}));
 }
 
+// A search whose module was gone raised error 9 and left Searching set and Stop enabled, so the
+// results window stayed stuck in a search that had ended.
+TEST(SearchErrors, ASearchEndedByAnErrorIsOverAndStopIsDisabled) {
+  SearchScenario s(World());
+  auto vbe = s.world.Main().gVBInstance;
+  auto billing = vbe->VBProjects()->Item(u"Billing");
+  s.world.ide->SelectComponent(billing->VBComponents()->Item(u"modMain"));
+  s.PickScope(u"cboProject", u"Billing");
+  billing->VBComponents()->Remove(billing->VBComponents()->Item(u"modMain"));
+  auto combo = std::dynamic_pointer_cast<host::CommandBarComboBox>(s.world.Addin()->SearchCombo());
+  combo->CommitTyped(u"Count");  // the toolbar's handler ignores the error
+  EXPECT_FALSE(s.world.Main().Searching);
+  EXPECT_FALSE(s.Results().cmdToolbar(1).Enabled());
+  EXPECT_EQ(s.Status(1), "Complete.");
+}
+
 TEST(ToolbarSearch, TheSearchBoxRunsARealSearchOverTheDialogsScope) {
   SearchScenario s(World());
   s.PickScope(u"cboProject", u"(All Projects)");

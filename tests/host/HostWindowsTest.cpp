@@ -2,6 +2,7 @@
 // window's keystrokes and tool windows created from registered documents.
 #include <gtest/gtest.h>
 
+#include "host/CodePane.h"
 #include "runtime/Runtime.h"
 #include "support/IdeBuilder.h"
 #include "vbide/ClassRegistry.h"
@@ -64,6 +65,30 @@ TEST(CodePanes, TopLineIsClampedToTheModule) {
   EXPECT_EQ(pane->TopLine(), 3);
   pane->SetTopLine(-4);
   EXPECT_EQ(pane->TopLine(), 1);
+}
+
+// A result double-clicked on line 71 left the window at line 1: the match was selected out of view.
+TEST(CodePanes, SetSelectionScrollsTheSelectionIntoView) {
+  std::u16string text;
+  for (int line = 1; line <= 100; ++line) text += u"x = 1\n";
+  auto ide = IdeBuilder().Module(u"modA", text).Build();
+  auto pane = std::static_pointer_cast<host::CodePane>(
+      ide->VBProjects()->Item(1)->VBComponents()->Item(1)->CodeModule()->CodePane());
+  pane->SetCountOfVisibleLines(20);
+  struct Case {
+    int topBefore, selectedLine, topAfter;
+  } cases[] = {
+      {1, 71, 61},   // below the view: the line comes to the middle
+      {60, 30, 20},  // above: the same
+      {60, 4, 1},    // near the start: the window's top is line 1
+      {5, 24, 5},    // inside the view (5..24): nothing moves
+      {5, 25, 15},
+  };
+  for (auto c : cases) {
+    pane->SetTopLine(c.topBefore);
+    pane->SetSelection(c.selectedLine, 1, c.selectedLine, 3);
+    EXPECT_EQ(pane->TopLine(), c.topAfter) << "top " << c.topBefore << ", line " << c.selectedLine;
+  }
 }
 
 TEST(Windows, ClosingCodeAndDesignerWindowsRemovesThemOtherWindowsHide) {

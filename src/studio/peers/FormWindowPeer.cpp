@@ -245,7 +245,7 @@ void FormWindowPeer::ApplyFlags() {
     default:
       break;
   }
-  if (topMost_) flags |= Qt::WindowStaysOnTopHint;
+  if (topMost_ || overTopMost_) flags |= Qt::WindowStaysOnTopHint;
   bool visible = window_->isVisible();
   window_->setWindowFlags(flags);
   if (visible) window_->show();
@@ -277,12 +277,28 @@ void FormWindowPeer::ApplyGeometry() {
   window_->move(scale_.ToPixels(form->Left()), scale_.ToPixels(form->Top()));
 }
 
+bool FormWindowPeer::AnotherTopMostShown() const {
+  for (QWidget* other : QApplication::topLevelWidgets())
+    if (other != window_ && other->isVisible() &&
+        other->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+      return true;
+  return false;
+}
+
 void FormWindowPeer::ShowOrHide() {
   auto* form = AsForm();
   bool shown = form->IsLoaded() && form->Visible();
   if (!shown) {
     window_->hide();
     return;
+  }
+  // A window shown while a top-most one is up (Replace opened over the search dialog) must not
+  // open behind it: it is kept on top as well.
+  if (bool over = AnotherTopMostShown(); over != overTopMost_) {
+    overTopMost_ = over;
+    ++applying_;
+    ApplyFlags();
+    --applying_;
   }
   if (!std::exchange(shownOnce_, true) && form->WindowState() == vb::vbNormal &&
       form->Left() == 0 && form->Top() == 0) {

@@ -73,6 +73,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   void ApplyFlags();
   void ApplyGeometry();
   void ShowOrHide();
+  bool AnotherTopMostShown() const;
   void PlaceFirstTime(vb::Form& form);
   void RebuildMenuBar();
   void ScheduleMenuBar();
@@ -98,6 +99,7 @@ class FormWindowPeer : public QObject, public vb::FormPeer, public PeerHost {
   QEventLoop* modalLoop_ = nullptr;
   std::function<bool()> stillOpen_;
   bool topMost_ = false;
+  bool overTopMost_ = false;  // kept on top because it opened over a top-most window
   bool shownOnce_ = false;
   int redelivering_ = 0;
   int quiet_ = 0;  // a key the engine has heard goes on to its widget

@@ -1,6 +1,7 @@
 // The list view's table: selection both ways, column clicks and widths, label edits.
 #include "studio/peers/ListViewPeer.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLineEdit>
@@ -12,6 +13,21 @@
 #include "studio/peers/QtConvert.h"
 
 namespace studio {
+
+// Whether the user holds a mouse button on the header: only then is a column's new width the
+// user's, to be kept; the header also resizes its last section to fill the view.
+class HeaderDragWatch : public QObject {
+ public:
+  explicit HeaderDragWatch(QObject* parent) : QObject(parent) {}
+  bool dragging = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonPress) dragging = true;
+    if (event->type() == QEvent::MouseButtonRelease) dragging = false;
+    return QObject::eventFilter(watched, event);
+  }
+};
 
 // Editing a label asks the engine first (BeforeLabelEdit may refuse), and hands the typed text
 // to the engine, whose AfterLabelEdit may refuse it; Escape abandons the edit.
@@ -54,7 +70,10 @@ ListViewPeer::ListViewPeer(vb::ListView& view, PeerHost& host)
   table->horizontalHeader()->setHighlightSections(false);
   table->horizontalHeader()->setSectionsClickable(true);
   table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  table->horizontalHeader()->setStretchLastSection(false);
+  // The last column fills what the others leave; the engine keeps the width it was given.
+  table->horizontalHeader()->setStretchLastSection(true);
+  auto* dragWatch = new HeaderDragWatch(table);
+  table->horizontalHeader()->viewport()->installEventFilter(dragWatch);
   QObject::connect(table->selectionModel(), &QItemSelectionModel::selectionChanged,
                    [this] { ReportSelection(); });
   QObject::connect(table, &QTableView::doubleClicked, [this](const QModelIndex& index) {
@@ -64,12 +83,13 @@ ListViewPeer::ListViewPeer(vb::ListView& view, PeerHost& host)
     if (Applying() || section >= view_.ColumnHeaders().Count()) return;
     if (UserAction([&] { view_.UserColumnClick(section + 1); })) ShowSortIndicator();
   });
-  QObject::connect(table->horizontalHeader(), &QHeaderView::sectionResized,
-                   [this](int section, int, int size) {
-                     if (Applying() || section >= view_.ColumnHeaders().Count()) return;
-                     float twips = Scale().ToTwips(size);
-                     UserAction([&] { view_.ColumnHeaders().Item(section + 1).SetWidth(twips); });
-                   });
+  QObject::connect(
+      table->horizontalHeader(), &QHeaderView::sectionResized,
+      [this, dragWatch](int section, int, int size) {
+        if (Applying() || !dragWatch->dragging || section >= view_.ColumnHeaders().Count()) return;
+        float twips = Scale().ToTwips(size);
+        UserAction([&] { view_.ColumnHeaders().Item(section + 1).SetWidth(twips); });
+      });
   QObject::connect(table->itemDelegate(), &QAbstractItemDelegate::closeEditor,
                    [this](QWidget*, QAbstractItemDelegate::EndEditHint hint) {
                      if (hint == QAbstractItemDelegate::RevertModelCache) CancelEdit();
@@ -79,7 +99,7 @@ ListViewPeer::ListViewPeer(vb::ListView& view, PeerHost& host)
 
 ListViewPeer::~ListViewPeer() {
   // The list view may be half destroyed already; the table, deleted later, must not read it.
-  model_->Detach();
+  if (model_) model_->Detach();
 }
 
 void ListViewPeer::Apply(vb::Property property) {

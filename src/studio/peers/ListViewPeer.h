@@ -1,6 +1,7 @@
 // studio::ListViewPeer: a list view drawn by a QTableView over a ListViewModel.
 #pragma once
 
+#include <QPointer>
 #include <QTableView>
 
 #include "runtime/forms/ListView.h"
@@ -17,7 +18,7 @@ class ListViewPeer : public WidgetPeer {
   ~ListViewPeer() override;
 
   QTableView* Table() const { return static_cast<QTableView*>(Widget()); }
-  ListViewModel* Model() const { return model_; }
+  ListViewModel* Model() const { return model_.data(); }
 
   void RowsReset() override;
   void RowsInserted(int first, int count) override { model_->RowsInserted(first, count); }
@@ -41,10 +42,9 @@ class ListViewPeer : public WidgetPeer {
   void CancelEdit();
 
   vb::ListView& view_;
-  ListViewModel* model_ = nullptr;
+  QPointer<ListViewModel> model_;  // the table owns it; the table may go first
   int applyingGuard_ = 0;
-  bool beginning_ = false;  // the table itself is opening an editor  // the peer itself is changing
-                            // the table's selection
+  bool beginning_ = false;  // the table itself is opening an editor
 };
 
 }  // namespace studio

@@ -1,6 +1,11 @@
 // The icon, buttons, default and escape button of a MsgBox style on a QMessageBox.
 #include "studio/peers/MessageBoxPlan.h"
 
+#include <QGridLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <algorithm>
+
 #include "runtime/MessageBoxes.h"
 #include "runtime/VbConstants.h"
 
@@ -58,6 +63,30 @@ MessageBoxPlan PlanMessageBox(int style) {
   }
   if (plan.buttons.size() == 1) plan.escapeIndex = 0;
   return plan;
+}
+
+void FitMessageBoxTo(QMessageBox& box, QSize available) {
+  int limit = available.height() * 3 / 4;
+  if (box.sizeHint().height() <= limit) return;
+  // The box lays its text out in a label of its grid; the label moves into a scroll area in
+  // the same cell.
+  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  auto* grid = qobject_cast<QGridLayout*>(box.layout());
+  if (!label || !grid) return;
+  int index = grid->indexOf(label);
+  if (index < 0) return;
+  int row = 0, column = 0, rows = 1, columns = 1;
+  grid->getItemPosition(index, &row, &column, &rows, &columns);
+  grid->removeWidget(label);
+  auto* scroll = new QScrollArea(&box);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  scroll->setWidget(label);
+  int chrome = box.sizeHint().height() - label->sizeHint().height();
+  scroll->setFixedHeight(std::max(label->fontMetrics().height() * 4, limit - std::max(0, chrome)));
+  scroll->setMinimumWidth(std::min(label->sizeHint().width() + 24, available.width() * 3 / 4));
+  grid->addWidget(scroll, row, column, rows, columns);
 }
 
 }  // namespace studio

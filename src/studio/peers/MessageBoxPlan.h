@@ -24,4 +24,8 @@ struct MessageBoxPlan {
 
 MessageBoxPlan PlanMessageBox(int style);
 
+// A box whose text would make it taller than `available` (dozens of load warnings) shows its
+// text in a scrolling area instead, so the box and its buttons stay on the screen.
+void FitMessageBoxTo(QMessageBox& box, QSize available);
+
 }  // namespace studio

@@ -127,6 +127,8 @@ int QtToolkit::ShowMessageBox(const vb::MsgBoxRecord& box) {
   for (const auto& button : plan.buttons) buttons.push_back(dialog.addButton(button.button));
   dialog.setDefaultButton(static_cast<QPushButton*>(buttons[plan.defaultIndex]));
   if (plan.escapeIndex >= 0) dialog.setEscapeButton(buttons[plan.escapeIndex]);
+  if (QScreen* screen = QGuiApplication::primaryScreen())
+    FitMessageBoxTo(dialog, screen->availableGeometry().size());
   dialog.exec();
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     if (dialog.clickedButton() == buttons[i]) return plan.buttons[i].answer;
