@@ -244,7 +244,8 @@ std::shared_ptr<Project> Ide::NewProject(vbide::vbext_ProjectType type, std::u16
   return project;
 }
 
-void Ide::RemoveProject(const std::shared_ptr<Project>& project) {
+void Ide::RemoveProject(std::shared_ptr<Project> project) {
+  // Taken by value: the caller may hand in the collection's own element, which goes below.
   projects_->Remove(project.get());
   for (auto& c : project->ComponentList()->List()) ComponentRemoved(c.get());
   project->Detach();

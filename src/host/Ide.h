@@ -67,7 +67,7 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
   files::Problems Open(const std::filesystem::path& file);
   // Creates a new, never-saved project.
   std::shared_ptr<Project> NewProject(vbide::vbext_ProjectType type, std::u16string name);
-  void RemoveProject(const std::shared_ptr<Project>& project);
+  void RemoveProject(std::shared_ptr<Project> project);
   // The group file last opened (empty when a single project was opened) and its path.
   const std::filesystem::path& GroupPath() const { return groupPath_; }
   // Saves every project (and its changed components) to where it came from.

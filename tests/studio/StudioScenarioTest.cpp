@@ -21,6 +21,7 @@
 #include "host/Designer.h"
 #include "host/Project.h"
 #include "runtime/CodePage.h"
+#include "studio/AddInManager.h"
 #include "studio/CodeEditor.h"
 #include "studio/CommandBarView.h"
 #include "studio/DesignerView.h"
@@ -128,7 +129,7 @@ TEST_F(StudioScenario, FirstSearchFromTheDialogRightAfterOpeningFindsRows) {
   EXPECT_FALSE(Drawn<QAbstractButton>(u"docResults", u"cmdToolbar", 1)->isEnabled());
 }
 
-// A double-clicked match on line 133 was selected while the window stayed at line 1.
+// A double-clicked match on line 132 was selected while the window stayed at line 1.
 TEST_F(StudioScenario, DoubleClickedResultIsSelectedInView) {
   Start();
   // The whole group: "(All Projects)" heads the dialog's sorted project list.
@@ -145,10 +146,12 @@ TEST_F(StudioScenario, DoubleClickedResultIsSelectedInView) {
   int row = -1;
   for (int r = 0; r < table->model()->rowCount() && row < 0; ++r) {
     for (int c = 0; c < table->model()->columnCount(); ++c)
-      if (table->model()->index(r, c).data().toString() == QStringLiteral("133")) row = r;
+      if (table->model()->index(r, c).data().toString() == QStringLiteral("132")) row = r;
   }
-  ASSERT_GE(row, 0) << "a match on line 133 (modTax's NumberWords)";
+  ASSERT_GE(row, 0) << "a match on code line 132 (modTax's NumberWords)";
   table->scrollTo(table->model()->index(row, 0));
+  QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                    table->visualRect(table->model()->index(row, 0)).center());
   QTest::mouseDClick(table->viewport(), Qt::LeftButton, {},
                      table->visualRect(table->model()->index(row, 0)).center());
   Settle();
@@ -156,8 +159,8 @@ TEST_F(StudioScenario, DoubleClickedResultIsSelectedInView) {
   ASSERT_FALSE(editors.empty());
   studio::CodeEditor* editor = nullptr;
   for (auto* e : editors)
-    if (e->textCursor().blockNumber() == 132) editor = e;
-  ASSERT_NE(editor, nullptr) << "the caret on line 133";
+    if (e->textCursor().blockNumber() == 131) editor = e;
+  ASSERT_NE(editor, nullptr) << "the caret on line 132";
   QRect caret = editor->cursorRect();
   EXPECT_TRUE(editor->viewport()->rect().contains(caret.center()))
       << "caret at y " << caret.center().y() << ", view " << editor->viewport()->height();
@@ -190,9 +193,12 @@ TEST_F(StudioScenario, ReplaceThroughTheResultsWindowRewritesTheMatchedLines) {
             [&](QWidget&) {
               auto* text = Drawn<QLineEdit>(u"frmReplace", u"txtReplace");
               auto* go = Drawn<QAbstractButton>(u"frmReplace", u"cmdReplace");
-              ASSERT_TRUE(text && go);
+              auto* all = Drawn<QAbstractButton>(u"frmReplace", u"optReplace", 0);
+              ASSERT_TRUE(text && go && all);
+              QTest::mouseClick(all, Qt::LeftButton, {}, QPoint(4, all->height() / 2));
               text->selectAll();
-              QTest::keyClicks(text, QStringLiteral("Dimmed"));
+              QTest::keyClick(text, Qt::Key_D, Qt::ShiftModifier);
+              QTest::keyClicks(text, QStringLiteral("immed"));
               QTest::mouseClick(go, Qt::LeftButton);
             });
   Settle();
@@ -288,6 +294,32 @@ TEST_F(StudioScenario, SearchBringsTheResultsTabToTheFront) {
   ASSERT_TRUE(results->visibleRegion().isEmpty());
   TypeSearch(QStringLiteral("Function"));
   EXPECT_FALSE(results->visibleRegion().isEmpty());
+}
+
+// The IDE keeps the tool windows after the add-in is unloaded; a click on the leftover results
+// window's buttons read the freed connection (heap-use-after-free in docResults).
+TEST_F(StudioScenario, LeftoverResultsWindowAfterUnloadingTheAddInSaysTheObjectIsGone) {
+  Start();
+  TypeSearch(QStringLiteral("Dim"));
+  int rows = ResultRows();
+  {
+    studio::AddInManager manager(*studioPtr);
+    manager.SetChoice(manager.RowOf("QuillmarkTools.Connect"), false, false);
+    manager.accept();
+  }
+  Settle();
+  ASSERT_FALSE(studioPtr->IsLoaded("QuillmarkTools.Connect"));
+  auto& boxes = studioPtr->Desk().runtime->MessageBoxService();
+  boxes.ClearTranscript();
+  auto* search = Drawn<QAbstractButton>(u"docResults", u"cmdToolbar", 0);
+  ASSERT_NE(search, nullptr) << "the window stays with its rows";
+  QTest::mouseClick(search, Qt::LeftButton);
+  Settle();
+  ASSERT_EQ(boxes.Transcript().size(), 1u);
+  EXPECT_NE(boxes.Transcript().front().prompt.find(u"91"), std::u16string::npos);
+  EXPECT_EQ(ResultRows(), rows);
+  studioPtr->ExitThroughMenu();
+  studioPtr.reset();
 }
 
 // Quitting crashed in ~ListViewPeer, after the main window had taken the table with it.
