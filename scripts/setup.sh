@@ -9,6 +9,7 @@ packages=(
   libbenchmark-dev                          # benchmarks
   qt6-base-dev qt6-base-dev-tools libgl-dev # the studio
   fonts-dejavu-core                         # text for the studio and its offscreen tests
+  fonts-wqy-microhei                        # Japanese, Chinese and Korean names, captions and comments
   ripgrep                                   # the benchmarks' anchor
   unicode-data                              # the case-folding table's generator input
   xdg-utils                                 # the About box finds the browser through xdg-mime
