@@ -4,10 +4,10 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QKeyEvent>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
@@ -85,6 +85,17 @@ class StudioScenario : public StudioTest {
     auto* peer = engine ? dynamic_cast<studio::WidgetPeer*>(engine->Peer()) : nullptr;
     return peer ? qobject_cast<Widget*>(peer->Widget()) : nullptr;
   }
+  // The search dialog's scope set to the whole group: "(All Projects)" heads its sorted list.
+  // A search over several modules lets pending work run between them.
+  void ScopeAllProjects() {
+    Item(Menu(QStringLiteral("&Quillmark Tools")), QStringLiteral("&Visual Search and Replace"))
+        ->trigger();
+    Settle();
+    auto* projects = Drawn<QComboBox>(u"frmSearch", u"cboProject");
+    ASSERT_NE(projects, nullptr);
+    QTest::keyClick(projects, Qt::Key_Home);
+    ASSERT_EQ(projects->currentText(), QStringLiteral("(All Projects)"));
+  }
   // Runs `inside` once the modal dialog that `open` shows is up, then closes it.
   void WithModal(const std::function<void()>& open, const std::function<void(QWidget&)>& inside) {
     bool seen = false;
@@ -104,6 +115,7 @@ class StudioScenario : public StudioTest {
 // key handler (SIGSEGV in the lambda of CommandBarView::AddComboBox).
 TEST_F(StudioScenario, ToolbarSearchBoxSearchesOnEnterAndOnAPickAndSurvives) {
   Start();
+  ScopeAllProjects();
   TypeSearch(QStringLiteral("Dim"));
   int dimRows = ResultRows();
   EXPECT_GT(dimRows, 0);
@@ -144,14 +156,7 @@ TEST_F(StudioScenario, FirstSearchFromTheDialogRightAfterOpeningFindsRows) {
 // A double-clicked match on line 132 was selected while the window stayed at line 1.
 TEST_F(StudioScenario, DoubleClickedResultIsSelectedInView) {
   Start();
-  // The whole group: "(All Projects)" heads the dialog's sorted project list.
-  Item(Menu(QStringLiteral("&Quillmark Tools")), QStringLiteral("&Visual Search and Replace"))
-      ->trigger();
-  Settle();
-  auto* projects = Drawn<QComboBox>(u"frmSearch", u"cboProject");
-  ASSERT_NE(projects, nullptr);
-  QTest::keyClick(projects, Qt::Key_Home);
-  ASSERT_EQ(projects->currentText(), QStringLiteral("(All Projects)"));
+  ScopeAllProjects();
   TypeSearch(QStringLiteral("NumberWords"));
   QTableView* table = ResultsTable();
   ASSERT_NE(table, nullptr);
