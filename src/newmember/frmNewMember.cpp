@@ -76,7 +76,8 @@ void frmNewMember::Add(int kind) {
 }
 
 void frmNewMember::Connect_CodeModified() {
-  if (IsLoaded()) FillLocalVariables();
+  // An event handler: a module removed meanwhile leaves the list as it is.
+  if (IsLoaded()) ResumeNext([&] { FillLocalVariables(); });
 }
 
 void frmNewMember::Form_Load() {

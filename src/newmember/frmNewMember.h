@@ -96,6 +96,7 @@ class frmNewMember final : public vb::Form {
   vb::TextBox txtConstantValue{*this, u"txtConstantValue"};
   vb::Label lblConstantType{*this, u"lblConstantType"};
   vb::ComboBox cboConstantType{*this, u"cboConstantType"};
+  vb::Label lblConstantScope{*this, u"lblConstantScope"};
   // 0 "Public", 1 "Private".
   vb::ControlArray<vb::OptionButton> optConstantScope{*this, u"optConstantScope", {0, 1}};
 
