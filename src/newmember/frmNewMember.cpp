@@ -52,15 +52,15 @@ void frmNewMember::Add(int kind) {
   switch (kind) {
     case vbide::vbext_mt_Method:
       ResetMethodTab();
-      tabNew.SetSelectedItem(tabNew.Tabs(u"Method"));
+      tabNew.SetSelectedItem(tabNew.Tabs(kMethodTab));
       break;
     case vbide::vbext_mt_Property:
       ResetPropertyTab();
-      tabNew.SetSelectedItem(tabNew.Tabs(u"Property"));
+      tabNew.SetSelectedItem(tabNew.Tabs(kPropertyTab));
       break;
     case vbide::vbext_mt_Const:
       ResetConstantTab();
-      tabNew.SetSelectedItem(tabNew.Tabs(u"Constant"));
+      tabNew.SetSelectedItem(tabNew.Tabs(kConstantTab));
       break;
     // There are no such tabs: the lookup fails and the current tab stays. Intended.
     case vbide::vbext_mt_Variable:

@@ -31,6 +31,10 @@ class frmNewMember final : public vb::Form {
  public:
   // Add's kinds are the IDE's member types; kKeepTab is none of them and leaves the tab alone.
   static constexpr int kKeepTab = 0;
+  // The tabs' keys, which are also their captions.
+  static constexpr std::u16string_view kMethodTab = u"Method";
+  static constexpr std::u16string_view kPropertyTab = u"Property";
+  static constexpr std::u16string_view kConstantTab = u"Constant";
 
   explicit frmNewMember(mdlMain& main);
   ~frmNewMember() override;

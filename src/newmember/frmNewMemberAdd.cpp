@@ -31,9 +31,9 @@ void frmNewMember::cmdOk_Click() {
 
 bool frmNewMember::RunAdd() {
   const std::u16string& key = tabNew.SelectedItem()->key;
-  if (key == u"Method") return AddMethod();
-  if (key == u"Property") return AddProperty();
-  if (key == u"Constant") return AddConstant();
+  if (key == kMethodTab) return AddMethod();
+  if (key == kPropertyTab) return AddProperty();
+  if (key == kConstantTab) return AddConstant();
   // "Variable", "Event" and "Enumeration" are kinds of member the dialog has no tab for.
   return false;
 }

@@ -13,9 +13,8 @@ constexpr int kMethod = 0, kProperty = 1, kConstant = 2;  // picNew indexes
 void frmNewMember::SetCaptions() {
   SetCaption(u"New Member");
   SetBorderStyle(3);  // fixed dialog
-  tabNew.Add(0, u"Method", u"Method");
-  tabNew.Add(0, u"Property", u"Property");
-  tabNew.Add(0, u"Constant", u"Constant");
+  for (auto key : {kMethodTab, kPropertyTab, kConstantTab})
+    tabNew.Add(0, std::u16string(key), std::u16string(key));
 
   lblMethodName.SetCaption(u"Name:");
   lblMethodScope.SetCaption(u"Scope:");
