@@ -170,8 +170,9 @@ void Connect::Menu_About_Click() {
   about->Show(vb::vbModal);
 }
 
+// Opens the dialog modeless on the component the user is working on, on the tab it last showed.
 void Connect::Button_NewMember_Click() {
-  Obj(main_.gfrmNewMember).Show(vb::vbModeless);
+  Obj(main_.gfrmNewMember).Add(frmNewMember::kKeepTab);
 }
 
 void Connect::Button_SearchCombo_Click(const vbide::CommandBarControlPtr& control) {

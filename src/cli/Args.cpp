@@ -27,7 +27,7 @@ Args::Args(const std::vector<std::string>& argv, const std::set<std::string>& fl
         if (i + 1 >= argv.size()) throw UsageError("--" + name + " needs a value");
         value = argv[++i];
       }
-      options_[name] = *value;
+      options_[name].push_back(*value);
     } else {
       throw UsageError("unknown option --" + name);
     }
@@ -37,7 +37,12 @@ Args::Args(const std::vector<std::string>& argv, const std::set<std::string>& fl
 std::optional<std::string> Args::Option(const std::string& name) const {
   auto it = options_.find(name);
   if (it == options_.end()) return std::nullopt;
-  return it->second;
+  return it->second.back();
+}
+
+std::vector<std::string> Args::Options(const std::string& name) const {
+  auto it = options_.find(name);
+  return it == options_.end() ? std::vector<std::string>() : it->second;
 }
 
 int Args::IntOption(const std::string& name, int fallback) const {

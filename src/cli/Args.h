@@ -23,13 +23,16 @@ class Args {
 
   const std::vector<std::string>& Positional() const { return positional_; }
   bool Flag(const std::string& name) const { return flags_.count(name) > 0; }
+  // The option's value; the last one when it was given more than once.
   std::optional<std::string> Option(const std::string& name) const;
+  // Every value given for a repeatable option, in the order typed.
+  std::vector<std::string> Options(const std::string& name) const;
   int IntOption(const std::string& name, int fallback) const;  // UsageError when not a number
 
  private:
   std::vector<std::string> positional_;
   std::set<std::string> flags_;
-  std::map<std::string, std::string> options_;
+  std::map<std::string, std::vector<std::string>> options_;
 };
 
 }  // namespace cli

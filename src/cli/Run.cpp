@@ -19,6 +19,10 @@ constexpr const char* kUsage =
     "                            (exit 0 with matches, 1 without)\n"
     "  replace FILE TEXT --with TEXT\n"
     "                            search, replace in the rows found and save the changed files\n"
+    "  add-member FILE --component PROJECT/MODULE (--method NAME | --property NAME --type TYPE |\n"
+    "             --constant NAME --value VALUE)\n"
+    "                            write a new member through the New Member dialog and save\n"
+    "                            the module\n"
     "\n"
     "search and replace options:\n"
     "  --match-case, --whole-word, --exclude-comments   the search dialog's options\n"
@@ -29,6 +33,15 @@ constexpr const char* kUsage =
     "  --json                    search: one JSON object per row\n"
     "  --selected-rows N,M,...   replace: only these rows (default: all)\n"
     "  --dry-run                 replace: show the changed lines, save nothing\n"
+    "\n"
+    "add-member options:\n"
+    "  --scope Public|Private|Friend          method and property scope (default Public)\n"
+    "  --static, --returns TYPE               a Static method; a Function returning TYPE\n"
+    "  --arg \"[Optional ][ByVal ][ParamArray ]NAME As TYPE[ = DEFAULT]\"   one per argument\n"
+    "  --kind both|get|let                    the property procedures (default both)\n"
+    "  --local NAME, --local-type TYPE        the property's module variable\n"
+    "  --type TYPE, --public, --private       the constant's type and scope\n"
+    "  --dry-run                              show the new lines, save nothing\n"
     "\n"
     "options:\n"
     "  --codepage N              code page of the files (default 1252)\n"
@@ -49,6 +62,7 @@ int Run(const std::vector<std::string>& argv, Streams io) {
     if (argv[0] == "tour") return TourCommand(rest, io);
     if (argv[0] == "search") return SearchCommand(rest, io);
     if (argv[0] == "replace") return ReplaceCommand(rest, io);
+    if (argv[0] == "add-member") return AddMemberCommand(rest, io);
     throw UsageError("unknown command '" + argv[0] + "'");
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;

@@ -103,6 +103,8 @@ vbide::CodePanesPtr CodePane::Collection() {
 }
 
 void CodePane::Detach() {
+  // Closing the window makes the module let go of its pane: this one must outlive the steps.
+  auto self = shared_from_this();
   if (window_ && window_->Alive()) {
     if (auto ide = ide_.lock()) {
       ide->WindowList()->Remove(window_.get());

@@ -112,6 +112,19 @@ TEST(Windows, ClosingCodeAndDesignerWindowsRemovesThemOtherWindowsHide) {
   EXPECT_NO_THROW(again->Show());
 }
 
+TEST(Windows, RemovingAComponentWithAnOpenCodeWindowFreedThePaneWhileItClosed) {
+  auto ide = IdeBuilder().Module(u"modA", u"x = 1").Module(u"modB").Build();
+  auto components = ide->VBProjects()->Item(1)->VBComponents();
+  auto pane = components->Item(u"modA")->CodeModule()->CodePane();
+  pane->Show();
+  auto window = pane->Window();
+  pane.reset();
+  components->Remove(components->Item(u"modA"));
+  EXPECT_EQ(TypesOf(ide), (std::vector<int>{12, 6, 7, 5}));
+  EXPECT_EQ(ErrorNumber([&] { window->Visible(); }), 91);
+  EXPECT_EQ(ide->ActiveCodePane(), nullptr);
+}
+
 TEST(ImmediateWindow, TakesKeystrokesOnlyWhileItHasTheFocus) {
   auto ide = IdeBuilder().Build();
   auto immediate = ide->Immediate();
