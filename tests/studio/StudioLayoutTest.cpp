@@ -89,6 +89,7 @@ TEST_F(StudioLayout, ScreenshotStacksVisibleWindowsAndLeavesHiddenOnesOut) {
   auto plain = solid(Qt::red, Qt::Window);
   plain->move(origin + QPoint(300, 200));
   plain->show();
+  Window().activateWindow();  // the ordinary window is not the one in use
   Settle();
   QToolBar* floating = Window().Bars().ToolBarNamed(QStringLiteral("Quillmark Tools"));
   QRect toolBar = PlaceOver(*floating, Window());
