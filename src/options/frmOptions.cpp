@@ -68,11 +68,11 @@ void frmOptions::Layout() {
   tabOptions.Move(120, 120, 5355, 4020);
   picOptions(0).Move(240, 495, 5115, 3525);
   chkSave.Move(0, 60, 2415, 255);
-  lblSaveInterval.Move(255, 435, 1215, 255);
-  txtSave.Move(1500, 390, 615, 300);
-  lblMinutes.Move(2205, 435, 1575, 255);
-  lblSaveNotify.Move(255, 840, 1935, 255);
-  cboSave.Move(2235, 795, 1545, 315);
+  lblSaveInterval.Move(255, 435, 1545, 255);
+  txtSave.Move(1845, 390, 615, 300);
+  lblMinutes.Move(2550, 435, 1860, 255);
+  lblSaveNotify.Move(255, 840, 2340, 255);
+  cboSave.Move(2640, 795, 1770, 315);
   lblColumns.Move(0, 1305, 2415, 255);
   lstColumns.Move(0, 1575, 3540, 1860);
   cmdMoveCol(kMoveUp).Move(3720, 1575, 1335, 375);
