@@ -19,6 +19,7 @@ int TourCommand(const std::vector<std::string>& argv, Streams io);
 int SearchCommand(const std::vector<std::string>& argv, Streams io);
 int ReplaceCommand(const std::vector<std::string>& argv, Streams io);
 int AddMemberCommand(const std::vector<std::string>& argv, Streams io);
+int OptionsCommand(const std::vector<std::string>& argv, Streams io);
 
 // Runs quillmark with `argv` (without the program name).
 int Run(const std::vector<std::string>& argv, Streams io);

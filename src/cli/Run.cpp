@@ -23,6 +23,10 @@ constexpr const char* kUsage =
     "             --constant NAME --value VALUE)\n"
     "                            write a new member through the New Member dialog and save\n"
     "                            the module\n"
+    "  options [--autosave on|off] [--interval N] [--notify none|beep|message] [--columns TEXT]\n"
+    "                            set the Options dialog's values and press OK (exit 1 when it\n"
+    "                            refuses them); with no option, print what it shows. TEXT is\n"
+    "                            the stored form: Code,1|Project,1|Module,1|Procedure,1|Line,0\n"
     "\n"
     "search and replace options:\n"
     "  --match-case, --whole-word, --exclude-comments   the search dialog's options\n"
@@ -63,6 +67,7 @@ int Run(const std::vector<std::string>& argv, Streams io) {
     if (argv[0] == "search") return SearchCommand(rest, io);
     if (argv[0] == "replace") return ReplaceCommand(rest, io);
     if (argv[0] == "add-member") return AddMemberCommand(rest, io);
+    if (argv[0] == "options") return OptionsCommand(rest, io);
     throw UsageError("unknown command '" + argv[0] + "'");
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;

@@ -226,6 +226,12 @@ vbide::VBFormPtr Component::Designer() {
   return designer_;
 }
 
+void Component::MarkChanged() {
+  if (dirty_) return;
+  dirty_ = true;
+  if (auto ide = ide_.lock()) ide->changed.Raise();
+}
+
 bool Component::IsDirty() {
   CheckAlive(u"component", name_);
   return dirty_;
@@ -256,6 +262,8 @@ void Component::SaveAs(std::u16string_view fileName) {
   CheckAlive(u"component", name_);
   auto project = project_.lock();
   std::filesystem::path target = std::filesystem::absolute(vb::PathFromVb(fileName));
+  // Saving an unchanged component over its own file writes nothing: the bytes there are its own.
+  if (!dirty_ && !path_.empty() && target == path_) return;
   if (file_) {
     std::size_t unmappable = 0;
     std::string bytes = files::WriteModule(*file_, project->Codec(), &unmappable);

@@ -75,7 +75,9 @@ class Component final : public vbide::VBComponent,
   std::shared_ptr<Ide> OwnerIde() const { return ide_.lock(); }
   const std::filesystem::path& Path() const { return path_; }
   const std::vector<std::filesystem::path>& Companions() const { return companions_; }
-  void MarkChanged() { dirty_ = true; }
+  // Marks the component changed (code typed, a control renamed or removed, a member added);
+  // the first mark after a save tells the front ends, which show changed components.
+  void MarkChanged();
   // The component's caption word in window titles: "Code", "Form", "UserControl" ...
   std::u16string DesignerKind() const;
   // "Module1.bas", "Form1.frm" ...: where a never-saved component goes.

@@ -96,6 +96,8 @@ void Project::WriteProjectFile(const std::filesystem::path& path) {
 void Project::SaveAs(std::u16string_view fileName) {
   CheckAlive(u"project", file_.name);
   std::filesystem::path target = std::filesystem::absolute(vb::PathFromVb(fileName));
+  // An unchanged project saved over its own file writes nothing.
+  if (!IsDirty() && !path_.empty() && target == path_) return;
   // Components first (a never-saved one is written beside the project file), then the project
   // file, so a failure leaves the project file describing files that exist.
   for (auto& c : components_->List()) {

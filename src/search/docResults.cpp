@@ -2,6 +2,7 @@
 // and opening and sorting rows.
 #include "search/docResults.h"
 
+#include "base/ResultsWindow.h"
 #include "base/ResumeNext.h"
 #include "base/mdlMainHelpers.h"
 #include "runtime/Resources.h"
@@ -107,6 +108,10 @@ void docResults::UserDocument_Terminate() {
     SaveColumnWidths(runtime_, options::ColumnWidths::kSearchSection, lvwSearch,
                      options::ColumnWidths::kSearchPrefix);
   });
+}
+
+void LoadColumnHeaders(docResults& results) {
+  results.LoadColumnHeaders();
 }
 
 void docResults::LoadColumnHeaders() {

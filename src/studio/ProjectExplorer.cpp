@@ -76,6 +76,10 @@ QString ProjectExplorer::ProjectCaption(vbide::VBProject& project) {
   return ToQt(project.Name()) + QStringLiteral(" (") + where + u')';
 }
 
+QString ProjectExplorer::ComponentCaption(vbide::VBComponent& component) {
+  return ToQt(component.Name()) + (component.IsDirty() ? QStringLiteral(" *") : QString());
+}
+
 void ProjectExplorer::Rebuild() {
   rebuilding_ = true;
   std::set<QString> collapsed;
@@ -107,7 +111,7 @@ void ProjectExplorer::AddProject(const vbide::VBProjectPtr& project) {
         folder->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
         folder->setData(0, Qt::UserRole, ToQt(project->Name()) + u'/' + folderName);
       }
-      auto* item = new QTreeWidgetItem(folder, {ToQt(component->Name())});
+      auto* item = new QTreeWidgetItem(folder, {ComponentCaption(*component)});
       item->setIcon(0, Picture(kind.picture));
       components_[item] = component;
     }

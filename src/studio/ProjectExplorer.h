@@ -24,6 +24,8 @@ class ProjectExplorer final : public QTreeWidget {
   QTreeWidgetItem* ItemOf(const vbide::VBComponentPtr& component) const;
   // "Ledger (Ledger.vbp)", or "(not saved)" in place of the file for a project never saved.
   static QString ProjectCaption(vbide::VBProject& project);
+  // The component's name, marked " *" while it has changes not yet saved.
+  static QString ComponentCaption(vbide::VBComponent& component);
   // Pixels the widest item needs, its indentation and picture counted: for sizing the dock.
   int ContentWidth() const { return sizeHintForColumn(0); }
 

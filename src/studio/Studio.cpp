@@ -171,7 +171,15 @@ bool Studio::OpenAddInWindow(const QString& name) {
     return true;
   }
   if (name == u"frmAbout") return click(QStringLiteral("&About Quillmark Tools"));
-  if (name == u"frmOptions") return click(QStringLiteral("&Options..."));
+  if (name == u"frmOptions") {
+    // The IDE's Tools menu has an "&Options..." of its own, before the add-in's popup.
+    QAction* popup = ActionNamed(window_->menuBar()->actions(), QStringLiteral("&Quillmark Tools"));
+    QAction* options = popup && popup->menu()
+                           ? ActionNamed(popup->menu()->actions(), QStringLiteral("&Options..."))
+                           : nullptr;
+    if (options) options->trigger();
+    return options != nullptr;
+  }
   if (name == u"frmNewMember") return click(QStringLiteral("New Member"));
   if (name == u"frmReplace") {
     // Replace works on the rows of a search: the user searches, then presses Replace.
