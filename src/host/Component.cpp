@@ -268,11 +268,15 @@ void Component::SaveAs(std::u16string_view fileName) {
                           u" character(s) cannot be written in code page " +
                           vb::FromUtf8(std::to_string(project->CodePage())));
     }
-    files::WriteFileAtomically(target, bytes);
+    Write(target, bytes);
+  } else if (path_.empty()) {
+    // A related document or resource file that was missing at load has nothing to copy; its
+    // line in the project file stays as it was written.
+    throw vb::Error::Standard(vb::err::kFileNotFound, name_);
   } else if (!path_.empty() &&
              !(std::filesystem::exists(target) && std::filesystem::equivalent(target, path_))) {
     // Resource files and related documents are never rewritten, only copied elsewhere.
-    files::WriteFileAtomically(target, files::ReadFileBytes(path_));
+    Write(target, files::ReadFileBytes(path_));
   }
   bool wasListed = FindItem() >= 0;
   path_ = target;
@@ -290,6 +294,12 @@ void Component::SaveAs(std::u16string_view fileName) {
   }
   dirty_ = false;
   if (auto ide = ide_.lock()) ide->changed.Raise();
+}
+
+void Component::Write(const std::filesystem::path& target, std::string_view bytes) const {
+  auto ide = ide_.lock();
+  if (!ide) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
+  ide->Writer().Write(target, bytes);
 }
 
 void Component::Activate() {

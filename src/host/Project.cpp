@@ -90,7 +90,9 @@ std::filesystem::path Project::Folder() const {
 }
 
 void Project::WriteProjectFile(const std::filesystem::path& path) {
-  files::WriteFileAtomically(path, files::WriteProject(file_, *codePage_));
+  auto ide = ide_.lock();
+  if (!ide) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
+  ide->Writer().Write(path, files::WriteProject(file_, *codePage_));
 }
 
 void Project::SaveAs(std::u16string_view fileName) {
@@ -100,6 +102,8 @@ void Project::SaveAs(std::u16string_view fileName) {
   // file, so a failure leaves the project file describing files that exist.
   for (auto& c : components_->List()) {
     if (!c->IsDirty() && !c->Path().empty()) continue;
+    // A related document or resource file missing at load: its line is kept, nothing to write.
+    if (c->Path().empty() && !c->HasFile()) continue;
     if (c->Path().empty())
       c->SaveAs(vb::FromUtf8((target.parent_path() / c->DefaultFileName()).string()));
     else
