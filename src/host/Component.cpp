@@ -189,6 +189,14 @@ void Component::SetName(std::u16string_view name) {
   auto project = project_.lock();
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty component name");
+  // Rows and scopes find a module by its name: two modules of one name, or a name with the
+  // row key's "|", would let an edit land in the wrong module.
+  for (auto& other : project->ComponentList()->List())
+    if (other.get() != this && other->HasFile() && SameName(other->Name(), name))
+      throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                                u"the name " + std::u16string(name) + u" is already taken");
+  if (name.find(u'|') != std::u16string_view::npos)
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"\"|\" in a name");
   std::u16string oldName = name_;
   if (file_) files::RenameComponent(*file_, name, project->Codec());
   int item = FindItem();

@@ -55,6 +55,14 @@ void Project::SetName(std::u16string_view name) {
   CheckAlive(u"project", file_.name);
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty project name");
+  // As for modules: no namesake, no "|", so that a row's project is never another one.
+  if (auto projects = collection_.lock())
+    for (auto& other : projects->List())
+      if (other.get() != this && SameName(other->Name(), name))
+        throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                                  u"the name " + std::u16string(name) + u" is already taken");
+  if (name.find(u'|') != std::u16string_view::npos)
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"\"|\" in a name");
   std::u16string oldName = file_.name;
   files::SetProjectName(file_, name, *codePage_);
   fileDirty_ = true;

@@ -121,7 +121,7 @@ const SettingsSections& IniSettingsStore::Load(std::u16string_view app) {
   std::string why;
   std::optional<std::string> bytes = ReadWholeFile(file, why);
   if (!bytes) {
-    problems_.push_back(file.string() + ":0: cannot be read (" + why + "); using the defaults");
+    problems_.push_back(file.string() + ": cannot be read (" + why + "); using the defaults");
     return entry;
   }
   SettingsIniParse parsed = ParseSettingsIni(*bytes);

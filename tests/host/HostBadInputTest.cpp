@@ -105,6 +105,29 @@ INSTANTIATE_TEST_SUITE_P(
                  "B:"}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// What load refuses, renaming refuses too: the old names stay and nothing is marked changed.
+TEST(Renaming, ToANamesakeOrToANameWithAPipeIsRefused) {
+  TempFolder folder;
+  folder.Write("G.vbg", "VBGROUP 5.0\r\nProject=P.vbp\r\nProject=Q.vbp\r\n");
+  folder.Write("P.vbp", Vbp("P", "Module=A; a.bas\r\nModule=B; b.bas\r\n"));
+  folder.Write("Q.vbp", Vbp("Q", ""));
+  folder.Write("a.bas", Bas("A"));
+  folder.Write("b.bas", Bas("B"));
+  auto ide = host::Ide::Create({});
+  ASSERT_TRUE(ide->Open(folder.Path() / "G.vbg").empty());
+  auto p = ide->ProjectList()->List()[0];
+  auto q = ide->ProjectList()->List()[1];
+  auto b = p->VBComponents()->Item(u"B");
+  for (std::u16string_view name : {u"a", u"X|Y"}) {
+    EXPECT_THROW(b->SetName(name), vb::Error);
+    EXPECT_THROW(q->SetName(name == u"a" ? u"p" : name), vb::Error);
+  }
+  b->SetName(u"b");  // its own name in another case is no conflict
+  EXPECT_EQ(b->Name(), u"b");
+  EXPECT_EQ(q->Name(), u"Q");
+  EXPECT_FALSE(q->IsDirty());
+}
+
 std::string DeepForm(int depth) {
   std::string frm = "VERSION 5.00\r\nBegin VB.Form frmDeep \r\n";
   for (int i = 0; i < depth; ++i) frm += "Begin VB.PictureBox P" + std::to_string(i) + "\r\n";
