@@ -118,9 +118,10 @@ void AtomicWriter::Write(const fs::path& path, std::string_view bytes) const {
   struct stat old {};
   bool exists = ::stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode)) throw SystemError(path, EISDIR);
-  // The owner's write bit is what "read-only" means for a file, whoever runs the save.
+  // The owner's write bit is what "read-only" means for a file, whoever runs the save; VB's
+  // error for opening a read-only file for output is 75.
   if (exists && ((old.st_mode & S_IWUSR) == 0 || ::access(target.c_str(), W_OK) != 0))
-    throw FileError(err::kPermissionDenied, path, "the file is read-only");
+    throw FileError(err::kPathFileAccess, path, "the file is read-only");
   RemoveStaleTemporaries(folder, name);
 
   std::string pattern = (folder / ("." + name + ".XXXXXX")).string();

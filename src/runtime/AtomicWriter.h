@@ -28,7 +28,8 @@ class AtomicWriter {
   // this process could replace it, as VB refuses to save over a read-only file. Temporary files
   // of ours left by a save that was killed (".NAME.XXXXXX", "NAME.tmpNNN") are removed first.
   // On failure the old file is untouched, no temporary file is left, and vb::Error 70
-  // (permission denied, read-only) or 75 (anything else) is raised naming the file and why.
+  // (permission denied by the system) or 75 (a read-only file, anything else) is raised naming
+  // the file and why.
   void Write(const std::filesystem::path& path, std::string_view bytes) const;
 
   // Makes the next writes fail at `fault` (tests of what a failing disk leaves behind).

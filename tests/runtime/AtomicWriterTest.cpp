@@ -80,9 +80,9 @@ TEST(AtomicWriter, AReadOnlyModuleFileIsNotRewritten) {
   auto target = scratch.Write("Module1.bas", "old");
   ASSERT_EQ(::chmod(target.c_str(), 0444), 0);
   vb::Error e = ErrorOf([&] { vb::AtomicWriter().Write(target, "new"); });
-  EXPECT_EQ(e.Number(), 70);
+  EXPECT_EQ(e.Number(), 75);
   EXPECT_EQ(vb::ToUtf8(e.Description()),
-            "Permission denied: " + target.string() + " (the file is read-only)");
+            "Path/File access error: " + target.string() + " (the file is read-only)");
   EXPECT_EQ(TempFolder::Read(target), "old");
   EXPECT_EQ(Entries(scratch.Path()), (std::vector<std::string>{"Module1.bas"}));
 }
