@@ -13,6 +13,7 @@ packages=(
   ripgrep                                   # the benchmarks' anchor
   unicode-data                              # the case-folding table's generator input
   xdg-utils                                 # the About box finds the browser through xdg-mime
+  clang libclang-rt-14-dev                  # the fuzz targets (clang's libFuzzer runtime)
 )
 
 missing=()

@@ -9,6 +9,7 @@
 #include "cli/Args.h"
 #include "cli/Commands.h"
 #include "cli/SearchSession.h"
+#include "cli/TourSteps.h"
 #include "runtime/Error.h"
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
@@ -108,31 +109,39 @@ int ReplaceCommand(const std::vector<std::string>& argv, Streams io) {
     return 1;
   }
 
-  std::map<vbide::VBComponent*, Target*> changedComponents;
-  int changed = 0;
+  // Lines changed, per component; a component's lines count as changed only once it is saved.
+  std::map<vbide::VBComponent*, int> changedLines;
   for (auto& t : targets) {
     std::u16string after = t.component->CodeModule()->Lines(t.line, 1);
     if (after == t.before) continue;
-    ++changed;
-    changedComponents.emplace(t.component.get(), &t);
+    ++changedLines[t.component.get()];
     if (args.Flag("dry-run"))
       io.out << Utf8(t.project) << "/" << Utf8(t.module) << ":" << t.line << "\t" << Utf8(t.before)
              << "\t" << Utf8(after) << "\n";
   }
-  int problems = 0;
-  if (!args.Flag("dry-run")) {
-    for (auto& [component, target] : changedComponents) {
-      try {
-        component->SaveAs(component->FileNames(1));
-      } catch (const vb::Error& e) {
-        io.err << "quillmark: " << Utf8(e.Description()) << "\n";
-        ++problems;
-      }
+  int problems = session.LoadProblems();
+  int changed = 0;
+  int unsaved = 0;
+  for (auto& [component, lines] : changedLines) {
+    if (args.Flag("dry-run")) {
+      changed += lines;
+      continue;
+    }
+    try {
+      component->SaveAs(component->FileNames(1));
+      changed += lines;
+    } catch (const vb::Error& e) {
+      io.err << "quillmark: " << Utf8(e.Description()) << "\n";
+      unsaved += lines;
+      ++problems;
     }
   }
   session.PrintStatus(io.err);
+  problems += FinishAndReportSettings(session.GetDesk(), io.err);
   io.out << changed << " line(s) changed"
-         << (args.Flag("dry-run") ? " (dry run, nothing saved)" : "") << "\n";
+         << (args.Flag("dry-run") ? " (dry run, nothing saved)" : "");
+  if (unsaved > 0) io.out << "; " << unsaved << " line(s) replaced but not saved";
+  io.out << "\n";
   return problems == 0 && count > 0 ? 0 : 1;
 }
 

@@ -1,6 +1,7 @@
 // quillmark resave: loads a group or project into the embedded IDE and saves every file into
 // another folder through the IDE's own save operations. Unchanged files come out identical.
 #include <filesystem>
+#include <functional>
 #include <ostream>
 
 #include "cli/Args.h"
@@ -9,6 +10,7 @@
 #include "host/Component.h"
 #include "host/Project.h"
 #include "host/files/FileIo.h"
+#include "runtime/Error.h"
 #include "runtime/Utf.h"
 
 namespace cli {
@@ -28,6 +30,15 @@ fs::path CommonFolder(const std::vector<fs::path>& files) {
     common = shared;
   }
   return common;
+}
+
+// Makes the folder that will hold `file`, or says which folder cannot be made and why.
+void MakeFolderFor(const fs::path& file) {
+  std::error_code ec;
+  fs::create_directories(file.parent_path(), ec);
+  if (ec)
+    throw vb::Error::Standard(vb::err::kPathNotFound, vb::FromUtf8(file.parent_path().string() +
+                                                                   " (" + ec.message() + ")"));
 }
 
 }  // namespace
@@ -52,37 +63,34 @@ int ResaveCommand(const std::vector<std::string>& argv, Streams io) {
   fs::path target = fs::absolute(*to);
   auto destination = [&](const fs::path& file) { return target / fs::relative(file, root); };
 
+  // Each file is saved on its own; a failure is reported under the file's own name.
+  int saved = 0;
+  auto save = [&](const fs::path& file, const std::function<void(const fs::path&)>& write) {
+    try {
+      MakeFolderFor(destination(file));
+      write(destination(file));
+      ++saved;
+    } catch (const vb::Error& e) {
+      io.err << file.string() << ": " << vb::ToUtf8(e.Description()) << "\n";
+      ++problems;
+    }
+  };
+  auto& writer = ws.ide->Writer();
   for (auto& project : ws.ide->ProjectList()->List()) {
     for (auto& c : project->ComponentList()->List()) {
-      try {
-        fs::create_directories(destination(c->Path()).parent_path());
-        c->SaveAs(vb::FromUtf8(destination(c->Path()).string()));
-        // Companion binaries are never rewritten, only copied beside their module.
-        for (auto& companion : c->Companions())
-          host::files::WriteFileAtomically(destination(companion),
-                                           host::files::ReadFileBytes(companion));
-      } catch (const vb::Error& e) {
-        io.err << c->Path().string() << ": " << vb::ToUtf8(e.Description()) << "\n";
-        ++problems;
-      }
+      // A listed file that is missing was reported at load; its project line is kept as it is.
+      if (c->Path().empty()) continue;
+      save(c->Path(), [&](const fs::path& to) { c->SaveAs(vb::FromUtf8(to.string())); });
+      // Companion binaries are never rewritten, only copied beside their module.
+      for (auto& companion : c->Companions())
+        save(companion,
+             [&](const fs::path& to) { writer.Write(to, host::files::ReadFileBytes(companion)); });
     }
-    try {
-      fs::create_directories(destination(project->Path()).parent_path());
-      project->SaveAs(vb::FromUtf8(destination(project->Path()).string()));
-    } catch (const vb::Error& e) {
-      io.err << project->Path().string() << ": " << vb::ToUtf8(e.Description()) << "\n";
-      ++problems;
-    }
+    save(project->Path(), [&](const fs::path& to) { project->SaveAs(vb::FromUtf8(to.string())); });
   }
-  if (!ws.ide->GroupPath().empty()) {
-    try {
-      ws.ide->SaveGroupAs(destination(ws.ide->GroupPath()));
-    } catch (const vb::Error& e) {
-      io.err << ws.ide->GroupPath().string() << ": " << vb::ToUtf8(e.Description()) << "\n";
-      ++problems;
-    }
-  }
-  io.out << "saved " << files.size() << " files into " << target.string() << "\n";
+  if (!ws.ide->GroupPath().empty())
+    save(ws.ide->GroupPath(), [&](const fs::path& to) { ws.ide->SaveGroupAs(to); });
+  io.out << "saved " << saved << " file(s) into " << target.string() << "\n";
   return problems ? 1 : 0;
 }
 

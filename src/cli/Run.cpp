@@ -1,8 +1,12 @@
-// cli::Run: dispatches to the commands and turns usage errors into exit status 2.
+// cli::Run: dispatches to the commands; usage errors exit with 2, any other error with 1.
+#include <filesystem>
 #include <ostream>
 
 #include "cli/Args.h"
 #include "cli/Commands.h"
+#include "cli/EscapingStream.h"
+#include "runtime/Error.h"
+#include "runtime/Utf.h"
 
 namespace cli {
 namespace {
@@ -54,12 +58,18 @@ constexpr const char* kUsage =
 
 }  // namespace
 
-int Run(const std::vector<std::string>& argv, Streams io) {
+int Run(const std::vector<std::string>& argv, Streams raw) {
+  EscapingStreamBuf outBuffer(raw.out.rdbuf());
+  EscapingStreamBuf errBuffer(raw.err.rdbuf());
+  std::ostream out(&outBuffer);
+  std::ostream err(&errBuffer);
+  Streams io{out, err};
   if (argv.empty() || argv[0] == "--help" || argv[0] == "help") {
     (argv.empty() ? io.err : io.out) << kUsage;
     return argv.empty() ? 2 : 0;
   }
   std::vector<std::string> rest(argv.begin() + 1, argv.end());
+  // Nothing escapes: whatever a command did not report itself is reported here, naming the file.
   try {
     if (argv[0] == "info") return InfoCommand(rest, io);
     if (argv[0] == "resave") return ResaveCommand(rest, io);
@@ -72,7 +82,14 @@ int Run(const std::vector<std::string>& argv, Streams io) {
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;
     return 2;
+  } catch (const vb::Error& e) {
+    io.err << "quillmark: " << vb::ToUtf8(e.Description()) << "\n";
+  } catch (const std::filesystem::filesystem_error& e) {
+    io.err << "quillmark: " << e.path1().string() << ": " << e.code().message() << "\n";
+  } catch (const std::exception& e) {
+    io.err << "quillmark: " << e.what() << "\n";
   }
+  return 1;
 }
 
 }  // namespace cli

@@ -4,6 +4,7 @@
 #include "cli/Args.h"
 #include "cli/Commands.h"
 #include "cli/SearchSession.h"
+#include "cli/TourSteps.h"
 #include "runtime/Utf.h"
 
 namespace cli {
@@ -18,7 +19,9 @@ int SearchCommand(const std::vector<std::string>& argv, Streams io) {
     session.PrintRows(io.out);
   }
   session.PrintStatus(io.err);
-  return clean && session.RowCount() > 0 ? 0 : 1;
+  bool found = session.RowCount() > 0;
+  FinishAndReportSettings(session.GetDesk(), io.err);  // reported; the rows decide the status
+  return clean && found ? 0 : 1;
 }
 
 }  // namespace cli

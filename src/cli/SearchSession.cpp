@@ -48,7 +48,7 @@ SearchSession::SearchSession(const Args& args, std::ostream& err) : args_(args) 
     throw UsageError("unsupported code page " + std::to_string(codePage));
   desk_ = composition::MakeDesk(composition::ConfigFolder(args.Option("config-dir")), codePage);
   desk_->runtime->SetDialogs(std::make_shared<vb::HeadlessPlatformDialogs>());
-  OpenInDesk(*desk_, args.Positional()[0], err);
+  loadProblems_ = OpenInDesk(*desk_, args.Positional()[0], err);
   desk_->ConnectAtStartup();
   if (!desk_->Addin()) throw UsageError("the add-in did not connect");
   ReportMessageBoxes(err);

@@ -35,6 +35,8 @@ class SearchSession {
   quillmark::frmSearch& Dialog() const;
   quillmark::docResults& Results() const;
   composition::Desk& GetDesk() const { return *desk_; }
+  // The problems reported while loading FILE.
+  int LoadProblems() const { return loadProblems_; }
   int RowCount() const;
   // One line per row as the export writes it: the row text, then a tab and each sub-item.
   void PrintRows(std::ostream& out) const;
@@ -51,6 +53,7 @@ class SearchSession {
 
   const Args& args_;
   std::unique_ptr<composition::Desk> desk_;
+  int loadProblems_ = 0;
 };
 
 // JSON string contents for a VB string: escapes for quotes, backslashes and control characters,

@@ -80,7 +80,7 @@ int TourCommand(const std::vector<std::string>& argv, Streams io) {
   problems += RunTourSteps(*desk, io);
 
   recorder->Clear();
-  desk->Disconnect();
+  problems += FinishAndReportSettings(*desk, io.err);
   io.out << "\nDisconnected; settings written:\n";
   for (auto& w : recorder->Writes())
     io.out << "  [" << Utf8(w.app) << "] " << Utf8(w.section) << " / " << Utf8(w.key) << " = "

@@ -15,6 +15,13 @@ constexpr std::u16string_view kTourSearch = u"Balance";
 
 }  // namespace
 
+int FinishAndReportSettings(composition::Desk& desk, std::ostream& err) {
+  desk.Disconnect();
+  auto problems = desk.settings->TakeProblems();
+  for (auto& problem : problems) err << problem << "\n";
+  return static_cast<int>(problems.size());
+}
+
 int RunTourSteps(composition::Desk& desk, Streams io) {
   auto& main = desk.Addin()->Main();
   // The search dialog's scope first, as a user would set it, then the toolbar's box.

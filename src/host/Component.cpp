@@ -189,6 +189,14 @@ void Component::SetName(std::u16string_view name) {
   auto project = project_.lock();
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty component name");
+  // Rows and scopes find a module by its name: two modules of one name, or a name with the
+  // row key's "|", would let an edit land in the wrong module.
+  for (auto& other : project->ComponentList()->List())
+    if (other.get() != this && other->HasFile() && SameName(other->Name(), name))
+      throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                                u"the name " + std::u16string(name) + u" is already taken");
+  if (name.find(u'|') != std::u16string_view::npos)
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"\"|\" in a name");
   std::u16string oldName = name_;
   if (file_) files::RenameComponent(*file_, name, project->Codec());
   int item = FindItem();
@@ -276,11 +284,15 @@ void Component::SaveAs(std::u16string_view fileName) {
                           u" character(s) cannot be written in code page " +
                           vb::FromUtf8(std::to_string(project->CodePage())));
     }
-    files::WriteFileAtomically(target, bytes);
+    Write(target, bytes);
+  } else if (path_.empty()) {
+    // A related document or resource file that was missing at load has nothing to copy; its
+    // line in the project file stays as it was written.
+    throw vb::Error::Standard(vb::err::kFileNotFound, name_);
   } else if (!path_.empty() &&
              !(std::filesystem::exists(target) && std::filesystem::equivalent(target, path_))) {
     // Resource files and related documents are never rewritten, only copied elsewhere.
-    files::WriteFileAtomically(target, files::ReadFileBytes(path_));
+    Write(target, files::ReadFileBytes(path_));
   }
   bool wasListed = FindItem() >= 0;
   path_ = target;
@@ -298,6 +310,12 @@ void Component::SaveAs(std::u16string_view fileName) {
   }
   dirty_ = false;
   if (auto ide = ide_.lock()) ide->changed.Raise();
+}
+
+void Component::Write(const std::filesystem::path& target, std::string_view bytes) const {
+  auto ide = ide_.lock();
+  if (!ide) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
+  ide->Writer().Write(target, bytes);
 }
 
 void Component::Activate() {

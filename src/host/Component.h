@@ -90,6 +90,8 @@ class Component final : public vbide::VBComponent,
   std::u16string What() const { return u"component " + name_; }
 
  private:
+  void Write(const std::filesystem::path& target, std::string_view bytes) const;
+
   std::weak_ptr<Ide> ide_;
   std::weak_ptr<Project> project_;
   vbide::vbext_ComponentType type_;

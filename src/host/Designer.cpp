@@ -153,32 +153,36 @@ void Designer::Init() {
 void Designer::Reindex() {
   nodes_.clear();
   parents_.clear();
+  depths_.clear();
   auto component = component_.lock();
   if (!component || !component->File().designer) return;
   // Pre-order walk: containers before their children, siblings bottom of the z-order first.
-  struct Walker {
-    std::vector<const files::DesignerControl*>& nodes;
-    std::vector<int>& parents;
-    void Walk(const files::DesignerControl& node, int parent) {
-      for (auto& child : node.children) {
-        int self = static_cast<int>(nodes.size());
-        nodes.push_back(&child);
-        parents.push_back(parent);
-        Walk(child, self);
-      }
-    }
-  } walker{nodes_, parents_};
-  walker.Walk(*component->File().designer, -1);
+  // An explicit stack, so that no nesting depth in a file can exhaust the call stack.
+  struct Pending {
+    const files::DesignerControl* node;
+    int parent;
+  };
+  std::vector<Pending> stack;
+  auto pushChildren = [&](const files::DesignerControl& node, int self) {
+    for (auto child = node.children.rbegin(); child != node.children.rend(); ++child)
+      stack.push_back({&*child, self});
+  };
+  pushChildren(*component->File().designer, -1);
+  while (!stack.empty()) {
+    Pending next = stack.back();
+    stack.pop_back();
+    int self = static_cast<int>(nodes_.size());
+    nodes_.push_back(next.node);
+    parents_.push_back(next.parent);
+    depths_.push_back(next.parent < 0 ? 0 : depths_[next.parent] + 1);
+    pushChildren(*next.node, self);
+  }
 }
 
 int Designer::SubtreeEnd(int flatIndex) const {
+  // In pre-order the subtree ends at the first later node that is no deeper than its root.
   int end = flatIndex + 1;
-  auto isInside = [&](int i) {
-    for (int p = parents_[i]; p >= 0; p = parents_[p])
-      if (p == flatIndex) return true;
-    return false;
-  };
-  while (end < static_cast<int>(nodes_.size()) && isInside(end)) ++end;
+  while (end < static_cast<int>(nodes_.size()) && depths_[end] > depths_[flatIndex]) ++end;
   return end;
 }
 

@@ -86,6 +86,7 @@ class Designer final : public vbide::VBForm,
   std::weak_ptr<Component> component_;
   std::vector<const files::DesignerControl*> nodes_;
   std::vector<int> parents_;  // flat index of the container, -1 for the form itself
+  std::vector<int> depths_;   // 0 for the form's own controls, 1 inside them, ...
   std::vector<std::shared_ptr<Control>> controls_;
 };
 

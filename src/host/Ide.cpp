@@ -7,10 +7,10 @@
 #include "host/Component.h"
 #include "host/ComponentKinds.h"
 #include "host/Project.h"
-#include "host/files/FileIo.h"
 #include "host/files/ProjectLoader.h"
 
 #include <algorithm>
+#include <optional>
 #include "runtime/Utf.h"
 
 namespace host {
@@ -44,6 +44,19 @@ files::GroupFile NewGroupFile(const std::filesystem::path& folder,
   }
   files::Problems ignored;
   return files::ReadGroup(bytes, codePage, folder.string(), ignored);
+}
+
+// Why `name` cannot be taken beside the names `existing` already holds, or nothing when it can.
+// "|" joins the parts of a result row's key, so it can be no part of a name.
+template <typename List, typename NameOf>
+std::optional<std::string> NameRefusal(const std::u16string& name, const List& existing,
+                                       NameOf nameOf) {
+  if (name.find(u'|') != std::u16string::npos)
+    return "is not loaded: \"|\" cannot be part of a name";
+  for (auto& other : existing)
+    if (!name.empty() && SameName(nameOf(other), name))
+      return "is not loaded: the name conflicts with one already loaded";
+  return std::nullopt;
 }
 
 std::string Lower(std::string s) {
@@ -164,21 +177,36 @@ files::Problems Ide::Open(const std::filesystem::path& file) {
   files::Problems problems;
   std::vector<files::LoadedProject> loaded;
   std::vector<bool> startupFlags;
+  std::vector<int> groupLines;  // 1-based line of each loaded project's entry in the group
   std::filesystem::path absolute = std::filesystem::absolute(file);
   if (Lower(absolute.extension().string()) == ".vbg") {
     auto group = files::LoadGroup(absolute, codePage, problems);
     groupPath_ = absolute;
     groupBytesRead_ = files::WriteGroup(group.group);
-    for (std::size_t entry : group.entries)
+    for (std::size_t entry : group.entries) {
       startupFlags.push_back(group.group.projects[entry].startup);
+      groupLines.push_back(group.group.projects[entry].line + 1);
+    }
     loaded = std::move(group.projects);
   } else {
     loaded.push_back(files::LoadProject(absolute, codePage, problems));
   }
   std::shared_ptr<Project> first;
   for (std::size_t i = 0; i < loaded.size(); ++i) {
+    // A project's name is how rows, scopes and the object model find it: a second project of
+    // the same name, or a name no VB identifier could be, is reported and not loaded.
+    const std::u16string& name = loaded[i].project.name;
+    std::string where = i < groupLines.size() ? groupPath_.string() : loaded[i].path.string();
+    int line = i < groupLines.size() ? groupLines[i] : 0;
+    if (auto refusal = NameRefusal(name, projects_->List(), [](auto& p) { return p->Name(); })) {
+      problems.push_back(
+          {where, line,
+           "project \"" + vb::ToUtf8(name) + "\" (" + loaded[i].path.string() + ") " + *refusal,
+           false});
+      continue;
+    }
     bool startup = i < startupFlags.size() && startupFlags[i];
-    auto project = AddLoadedProject(std::move(loaded[i]), codePage);
+    auto project = AddLoadedProject(std::move(loaded[i]), codePage, problems);
     if (!first || startup) first = project;
   }
   if (first && !ActiveVBProject()) SetActiveVBProject(first);
@@ -191,7 +219,8 @@ files::Problems Ide::Open(const std::filesystem::path& file) {
 }
 
 std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded,
-                                               const vb::CodePage& codePage) {
+                                               const vb::CodePage& codePage,
+                                               files::Problems& problems) {
   auto project =
       std::make_shared<Project>(weak_from_this(), std::move(loaded.project), loaded.path, codePage);
   project->Init(projects_);
@@ -212,6 +241,16 @@ std::shared_ptr<Project> Ide::AddLoadedProject(files::LoadedProject loaded,
       component = std::make_shared<Component>(
           weak_from_this(), project, ComponentTypeOf(p.module->module.kind),
           std::move(p.module->module), item.name, p.module->path, p.module->companions);
+      // As VB does, a module whose name conflicts with one already loaded is reported and not
+      // added (its line stays in the project file), so no edit can land in a namesake.
+      auto named = [](auto& c) { return c->HasFile() ? c->Name() : std::u16string(); };
+      if (auto refusal = NameRefusal(component->Name(), project->ComponentList()->List(), named)) {
+        problems.push_back({loaded.path.string(), item.line + 1,
+                            "\"" + p.module->path.filename().string() + "\": module \"" +
+                                vb::ToUtf8(component->Name()) + "\" " + *refusal,
+                            false});
+        continue;
+      }
     } else {
       auto type = item.kind == files::ItemKind::ResFile ? vbide::vbext_ct_ResFile
                                                         : vbide::vbext_ct_RelatedDocument;
@@ -265,13 +304,12 @@ void Ide::SaveAll() {
 void Ide::SaveGroupAs(const std::filesystem::path& path) {
   const vb::CodePage& codePage = *vb::CodePage::Find(options_.codePage);
   if (!groupBytesRead_.empty()) {
-    files::WriteFileAtomically(path, groupBytesRead_);
+    Writer().Write(path, groupBytesRead_);
     return;
   }
   std::vector<std::filesystem::path> paths;
   for (auto& p : projects_->List()) paths.push_back(p->Path());
-  files::WriteFileAtomically(path,
-                             files::WriteGroup(NewGroupFile(path.parent_path(), paths, codePage)));
+  Writer().Write(path, files::WriteGroup(NewGroupFile(path.parent_path(), paths, codePage)));
 }
 
 // ---- The user's actions ------------------------------------------------------------------------

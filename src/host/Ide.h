@@ -15,6 +15,7 @@
 #include "host/Window.h"
 #include "host/files/Problem.h"
 #include "host/files/ProjectLoader.h"
+#include "runtime/AtomicWriter.h"
 #include "runtime/Clipboard.h"
 #include "runtime/WindowSystem.h"
 #include "vbide/ClassRegistry.h"
@@ -76,6 +77,8 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
   // changed).
   void SaveGroupAs(const std::filesystem::path& path);
   int CodePage() const { return options_.codePage; }
+  // The writer every save of this IDE goes through (tests make it fail at a chosen step).
+  vb::AtomicWriter& Writer() { return writer_; }
   void SetCodePage(int codePage) { options_.codePage = codePage; }
 
   // ---- What the user does
@@ -125,9 +128,11 @@ class Ide final : public vbide::VBE, public std::enable_shared_from_this<Ide> {
   explicit Ide(Options options);
   void Init();
   std::shared_ptr<Project> AddLoadedProject(files::LoadedProject loaded,
-                                            const vb::CodePage& codePage);
+                                            const vb::CodePage& codePage,
+                                            files::Problems& problems);
 
   Options options_;
+  vb::AtomicWriter writer_;
   std::shared_ptr<EventHub> hub_;
   std::shared_ptr<host::Projects> projects_;
   std::shared_ptr<host::Windows> windows_;

@@ -55,6 +55,14 @@ void Project::SetName(std::u16string_view name) {
   CheckAlive(u"project", file_.name);
   if (name.empty())
     throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"an empty project name");
+  // As for modules: no namesake, no "|", so that a row's project is never another one.
+  if (auto projects = collection_.lock())
+    for (auto& other : projects->List())
+      if (other.get() != this && SameName(other->Name(), name))
+        throw vb::Error::Standard(vb::err::kInvalidProcedureCall,
+                                  u"the name " + std::u16string(name) + u" is already taken");
+  if (name.find(u'|') != std::u16string_view::npos)
+    throw vb::Error::Standard(vb::err::kInvalidProcedureCall, u"\"|\" in a name");
   std::u16string oldName = file_.name;
   files::SetProjectName(file_, name, *codePage_);
   fileDirty_ = true;
@@ -90,7 +98,9 @@ std::filesystem::path Project::Folder() const {
 }
 
 void Project::WriteProjectFile(const std::filesystem::path& path) {
-  files::WriteFileAtomically(path, files::WriteProject(file_, *codePage_));
+  auto ide = ide_.lock();
+  if (!ide) throw vb::Error::Standard(vb::err::kObjectNotSet, What());
+  ide->Writer().Write(path, files::WriteProject(file_, *codePage_));
 }
 
 void Project::SaveAs(std::u16string_view fileName) {
@@ -102,6 +112,8 @@ void Project::SaveAs(std::u16string_view fileName) {
   // file, so a failure leaves the project file describing files that exist.
   for (auto& c : components_->List()) {
     if (!c->IsDirty() && !c->Path().empty()) continue;
+    // A related document or resource file missing at load: its line is kept, nothing to write.
+    if (c->Path().empty() && !c->HasFile()) continue;
     if (c->Path().empty())
       c->SaveAs(vb::FromUtf8((target.parent_path() / c->DefaultFileName()).string()));
     else

@@ -1,11 +1,12 @@
 // The file-backed settings store: reading once, writing atomically, reporting damaged files.
 #include "runtime/IniSettingsStore.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <optional>
-#include <random>
 #include <system_error>
 
 #include "runtime/Error.h"
@@ -29,18 +30,38 @@ std::u16string PathText(const fs::path& path) {
   return FromUtf8(path.string());
 }
 
-[[noreturn]] void Fail(int number, const fs::path& path) {
-  throw Error::Standard(number, PathText(path));
+[[noreturn]] void Fail(int number, const fs::path& path, const std::error_code& why) {
+  throw Error::Standard(number, PathText(path) + u" (" + FromUtf8(why.message()) + u")");
 }
 
-std::optional<std::string> ReadWholeFile(const fs::path& file) {
+// The file's bytes, or the reason they cannot be had.
+std::optional<std::string> ReadWholeFile(const fs::path& file, std::string& why) {
   std::error_code ec;
-  if (!fs::is_regular_file(file, ec)) return std::nullopt;
+  if (!fs::is_regular_file(file, ec)) {
+    why = ec ? ec.message() : "not a regular file";
+    return std::nullopt;
+  }
   std::ifstream in(file, std::ios::binary);
-  if (!in) return std::nullopt;
+  if (!in) {
+    why = std::generic_category().message(errno);
+    return std::nullopt;
+  }
   std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad()) return std::nullopt;
+  if (in.bad()) {
+    why = "read error";
+    return std::nullopt;
+  }
   return bytes;
+}
+
+// "<file>.damaged", or "<file>.damaged2", ... when an older damaged copy is already kept.
+fs::path FreeDamagedName(const fs::path& file) {
+  std::error_code ec;
+  for (int n = 1;; ++n) {
+    fs::path candidate = file;
+    candidate += n == 1 ? std::string(".damaged") : ".damaged" + std::to_string(n);
+    if (!fs::exists(candidate, ec) && !fs::is_symlink(candidate, ec)) return candidate;
+  }
 }
 
 }  // namespace
@@ -49,6 +70,10 @@ fs::path DefaultUserFolder(std::string_view quillmarkHome, std::string_view xdgC
                            std::string_view home) {
   if (!quillmarkHome.empty()) return fs::path(quillmarkHome);
   if (!xdgConfigHome.empty()) return fs::path(xdgConfigHome) / "quillmark";
+  if (home.empty())
+    throw Error::Standard(err::kPathNotFound,
+                          u"no folder for the settings: QUILLMARK_HOME, XDG_CONFIG_HOME and HOME "
+                          u"are all unset");
   return fs::path(home) / ".config" / "quillmark";
 }
 
@@ -60,7 +85,16 @@ fs::path DefaultUserFolderFromEnvironment() {
   return DefaultUserFolder(value("QUILLMARK_HOME"), value("XDG_CONFIG_HOME"), value("HOME"));
 }
 
-IniSettingsStore::IniSettingsStore(fs::path userFolder) : folder_(std::move(userFolder)) {}
+IniSettingsStore::IniSettingsStore(fs::path userFolder, std::shared_ptr<const AtomicWriter> writer)
+    : folder_(std::move(userFolder)),
+      writer_(writer ? std::move(writer) : std::make_shared<AtomicWriter>()) {}
+
+std::vector<std::string> IniSettingsStore::TakeProblems() {
+  std::vector<std::string> fresh(problems_.begin() + static_cast<std::ptrdiff_t>(problemsTaken_),
+                                 problems_.end());
+  problemsTaken_ = problems_.size();
+  return fresh;
+}
 
 fs::path IniSettingsStore::FileOf(std::u16string_view app) const {
   std::string name;
@@ -83,49 +117,50 @@ const SettingsSections& IniSettingsStore::Load(std::u16string_view app) {
   fs::path file = FileOf(app);
   SettingsSections& entry = cache_[key];
   std::error_code ec;
-  if (!fs::exists(file, ec)) return entry;
-  std::optional<std::string> bytes = ReadWholeFile(file);
+  if (!fs::exists(file, ec) && !ec) return entry;
+  std::string why;
+  std::optional<std::string> bytes = ReadWholeFile(file, why);
   if (!bytes) {
-    problems_.push_back(file.string() + ":0: cannot be read; using the defaults");
+    problems_.push_back(file.string() + ": cannot be read (" + why + "); using the defaults");
     return entry;
   }
   SettingsIniParse parsed = ParseSettingsIni(*bytes);
-  if (parsed.problem) {
-    problems_.push_back(file.string() + ":" + std::to_string(parsed.problem->line) + ": " +
-                        parsed.problem->message + "; using the defaults");
-    return entry;
-  }
   entry = std::move(parsed.sections);
+  if (parsed.problem) {
+    std::string more = parsed.damagedLines > 1
+                           ? " (and " + std::to_string(parsed.damagedLines - 1) + " more line(s))"
+                           : "";
+    problems_.push_back(
+        file.string() + ":" + std::to_string(parsed.problem->line) + ": " +
+        parsed.problem->message + more + "; the other keys are read, and the file is kept as " +
+        FreeDamagedName(file).filename().string() + " when settings are next written");
+    damaged_[key] = std::move(*bytes);
+  }
   return entry;
 }
 
-void IniSettingsStore::ReplaceFile(const fs::path& from, const fs::path& to) {
-  fs::rename(from, to);
+void IniSettingsStore::KeepDamaged(std::u16string_view app) {
+  auto it = damaged_.find(CacheKey(app));
+  if (it == damaged_.end()) return;
+  writer_->Write(FreeDamagedName(FileOf(app)), it->second);
+  damaged_.erase(it);
 }
 
 void IniSettingsStore::Write(std::u16string_view app, const SettingsSections& sections) {
-  fs::path file = FileOf(app);
-  std::error_code ec;
-  fs::create_directories(file.parent_path(), ec);
-  if (ec) Fail(err::kPathNotFound, file.parent_path());
-
-  std::random_device random;
-  fs::path temp = file;
-  temp += ".tmp" + std::to_string(random());
-  {
-    std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-    out << FormatSettingsIni(sections);
-    out.flush();
-    if (!out) {
-      fs::remove(temp, ec);
-      Fail(err::kPathFileAccess, file);
-    }
-  }
   try {
-    ReplaceFile(temp, file);
-  } catch (const std::exception&) {
-    fs::remove(temp, ec);
-    Fail(err::kPathFileAccess, file);
+    fs::path file = FileOf(app);
+    std::error_code ec;
+    fs::create_directories(file.parent_path(), ec);
+    if (ec) Fail(err::kPathNotFound, file.parent_path(), ec);
+    KeepDamaged(app);
+    writer_->Write(file, FormatSettingsIni(sections));
+  } catch (const Error& e) {
+    // The add-in ignores errors of its settings writes, as VB's SaveSetting callers do; the
+    // front end still learns, once, that the settings are not being kept.
+    std::string problem = ToUtf8(e.Description()) + "; the settings were not saved";
+    if (std::find(problems_.begin(), problems_.end(), problem) == problems_.end())
+      problems_.push_back(std::move(problem));
+    throw;
   }
 }
 
@@ -155,9 +190,10 @@ void IniSettingsStore::DeleteSetting(std::u16string_view app) {
   // Deleting an application that has nothing stored is not an error: the search history is
   // deleted before every rewrite, including the first one.
   fs::path file = FileOf(app);
+  KeepDamaged(app);
   std::error_code ec;
   fs::remove(file, ec);
-  if (ec) Fail(err::kPathFileAccess, file);
+  if (ec) Fail(err::kPathFileAccess, file, ec);
   cache_[CacheKey(app)] = SettingsSections{};
 }
 

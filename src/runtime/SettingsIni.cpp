@@ -105,15 +105,6 @@ std::size_t FirstInvalidUtf8(std::string_view bytes) {
   return std::string_view::npos;
 }
 
-int LineOfOffset(std::string_view bytes, std::size_t offset) {
-  int line = 1;
-  for (std::size_t i = 0; i < offset; ++i) {
-    if (bytes[i] == '\n' || (bytes[i] == '\r' && (i + 1 >= bytes.size() || bytes[i + 1] != '\n')))
-      ++line;
-  }
-  return line;
-}
-
 // Interprets one trimmed, non-blank, non-comment line. Returns an error message, or "" when the
 // line was taken.
 std::string TakeLine(std::u16string_view line, SettingsSections& out,
@@ -198,25 +189,34 @@ std::optional<std::u16string> UnescapeIni(std::u16string_view text) {
 SettingsIniParse ParseSettingsIni(std::string_view bytes) {
   SettingsIniParse result;
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);  // a BOM from a Windows editor
-  if (std::size_t bad = FirstInvalidUtf8(bytes); bad != std::string_view::npos) {
-    result.problem = SettingsIniProblem{LineOfOffset(bytes, bad), "not valid UTF-8"};
-    return result;
-  }
   std::optional<std::u16string> section;
   int lineNumber = 0;
   std::size_t start = 0;
+  // A damaged line is skipped and the rest is read on, so one bad byte costs one key. The keys
+  // under a damaged section line are skipped too: their section is not known.
+  auto damaged = [&](std::string message) {
+    ++result.damagedLines;
+    if (!result.problem) result.problem = SettingsIniProblem{lineNumber, std::move(message)};
+  };
   while (start < bytes.size()) {
     std::size_t end = bytes.find_first_of("\r\n", start);
     if (end == std::string_view::npos) end = bytes.size();
     ++lineNumber;
-    std::u16string text = FromUtf8(bytes.substr(start, end - start));
-    std::u16string_view line = TrimBlanks(text);
+    std::string_view raw = bytes.substr(start, end - start);
     start = end + (bytes.substr(end).starts_with("\r\n") ? 2 : 1);
+    if (FirstInvalidUtf8(raw) != std::string_view::npos) {
+      damaged("not valid UTF-8");
+      if (raw.find('[') != std::string_view::npos) section.reset();
+      continue;
+    }
+    std::u16string text = FromUtf8(raw);
+    std::u16string_view line = TrimBlanks(text);
     if (line.empty() || line.front() == u';' || line.front() == u'#') continue;
+    bool sectionLine = line.front() == u'[';
+    if (!sectionLine && !section && result.problem) continue;  // under a damaged section line
     if (std::string message = TakeLine(line, result.sections, section); !message.empty()) {
-      result.sections = SettingsSections{};
-      result.problem = SettingsIniProblem{lineNumber, std::move(message)};
-      return result;
+      if (sectionLine) section.reset();
+      damaged(std::move(message));
     }
   }
   return result;

@@ -29,9 +29,9 @@ struct SettingsIniProblem {
 };
 
 struct SettingsIniParse {
-  SettingsSections sections;
-  std::optional<SettingsIniProblem>
-      problem;  // set when the text is damaged; sections are then empty
+  SettingsSections sections;  // every key that could be read, damaged lines left out
+  std::optional<SettingsIniProblem> problem;  // the first damaged line, when there is one
+  int damagedLines = 0;
 };
 
 SettingsIniParse ParseSettingsIni(std::string_view bytes);

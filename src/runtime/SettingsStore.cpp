@@ -2,6 +2,7 @@
 #include "runtime/SettingsStore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vb {
 
@@ -16,36 +17,38 @@ bool SameSettingName(std::u16string_view a, std::u16string_view b) {
                             [](char16_t x, char16_t y) { return FoldAscii(x) == FoldAscii(y); });
 }
 
-const SettingsSections::Section* SettingsSections::FindSection(std::u16string_view section) const {
-  auto it = std::ranges::find_if(
-      sections_, [&](const Section& s) { return SameSettingName(s.name, section); });
-  return it == sections_.end() ? nullptr : &*it;
+namespace {
+std::u16string Folded(std::u16string_view name) {
+  std::u16string folded(name);
+  for (char16_t& unit : folded) unit = FoldAscii(unit);
+  return folded;
 }
+}  // namespace
 
-SettingsSections::Section* SettingsSections::FindSectionMutable(std::u16string_view section) {
-  return const_cast<Section*>(std::as_const(*this).FindSection(section));
+const SettingsSections::Section* SettingsSections::FindSection(std::u16string_view section) const {
+  auto it = index_.find(Folded(section));
+  return it == index_.end() ? nullptr : &sections_[it->second];
 }
 
 const std::u16string* SettingsSections::Find(std::u16string_view section,
                                              std::u16string_view key) const {
   const Section* found = FindSection(section);
   if (!found) return nullptr;
-  auto it = std::ranges::find_if(
-      found->keys, [&](const SettingPair& p) { return SameSettingName(p.first, key); });
-  return it == found->keys.end() ? nullptr : &it->second;
+  auto it = found->index.find(Folded(key));
+  return it == found->index.end() ? nullptr : &found->keys[it->second].second;
 }
 
 void SettingsSections::Set(std::u16string_view section, std::u16string_view key,
                            std::u16string_view value) {
-  Section* target = FindSectionMutable(section);
-  if (!target) target = &sections_.emplace_back(Section{std::u16string(section), {}});
-  auto it = std::ranges::find_if(
-      target->keys, [&](const SettingPair& p) { return SameSettingName(p.first, key); });
-  if (it != target->keys.end()) {
-    it->second = value;
+  auto [place, newSection] = index_.try_emplace(Folded(section), sections_.size());
+  if (newSection) sections_.push_back(Section{std::u16string(section), {}, {}});
+  Section& target = sections_[place->second];
+  auto [slot, newKey] = target.index.try_emplace(Folded(key), target.keys.size());
+  if (!newKey) {
+    target.keys[slot->second].second = value;
     return;
   }
-  target->keys.emplace_back(std::u16string(key), std::u16string(value));
+  target.keys.emplace_back(std::u16string(key), std::u16string(value));
 }
 
 SettingsSections* MemorySettingsStore::FindApp(std::u16string_view app) {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -32,12 +33,15 @@ class SettingsStore {
 };
 
 // One application's sections, in the order they were first written. Shared by the in-memory
-// store and the file-backed one (which keeps one of these per file).
+// store and the file-backed one (which keeps one of these per file). Sections and keys are
+// found through hash indexes of their folded names, so a section of many thousand keys loads in
+// linear time.
 class SettingsSections {
  public:
   struct Section {
     std::u16string name;
     std::vector<SettingPair> keys;
+    std::unordered_map<std::u16string, std::size_t> index;  // folded key name -> place in keys
   };
 
   const std::u16string* Find(std::u16string_view section, std::u16string_view key) const;
@@ -47,8 +51,8 @@ class SettingsSections {
   bool Empty() const { return sections_.empty(); }
 
  private:
-  Section* FindSectionMutable(std::u16string_view section);
   std::vector<Section> sections_;
+  std::unordered_map<std::u16string, std::size_t> index_;  // folded section name -> place
 };
 
 // ASCII-case-insensitive equality of two names.

@@ -63,6 +63,9 @@ void Studio::Start(const std::filesystem::path& project) {
   window_->FitDocksToContent();
   desk_->ide->StartupComplete();
   Settle();
+  // What the settings store found damaged while the add-in started, shown once.
+  for (auto& problem : desk_->settings->TakeProblems())
+    desk_->runtime->MsgBox(vb::FromUtf8(problem), 48);
 }
 
 void Studio::Shutdown() {

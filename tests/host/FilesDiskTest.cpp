@@ -1,9 +1,5 @@
-// Files on disk: resolving project paths ignoring case, reading, and atomic writing.
+// Files on disk: resolving project paths ignoring case, and reading.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
 
 #include "FilesTestSupport.h"
 #include "host/files/FileIo.h"
@@ -87,69 +83,6 @@ TEST(FilesReadBytes, ReadsEveryByteAndNamesMissingFiles) {
   } catch (const vb::Error& e) {
     EXPECT_EQ(e.Number(), 75);
   }
-}
-
-std::vector<std::string> Entries(const std::filesystem::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder))
-    names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-TEST(FilesAtomicWrite, ReplacesTheFileKeepingItsPermissionsAndLeavesNoTemporary) {
-  ScratchFolder scratch;
-  auto target = scratch / "Form1.frm";
-  WriteFileAtomically(target, "first");
-  EXPECT_EQ(ReadFileBytes(target), "first");
-  ASSERT_EQ(::chmod(target.c_str(), 0640), 0);
-  WriteFileAtomically(target, std::string("second\r\n\0", 9));
-  EXPECT_EQ(ReadFileBytes(target), std::string("second\r\n\0", 9));
-  struct stat info {};
-  ASSERT_EQ(::stat(target.c_str(), &info), 0);
-  EXPECT_EQ(info.st_mode & 0777, 0640u);
-  EXPECT_EQ(Entries(scratch.Path()), (std::vector<std::string>{"Form1.frm"}));
-}
-
-TEST(FilesAtomicWrite, AFailedWriteRaisesWithThePathAndLeavesTheOldState) {
-  ScratchFolder scratch;
-  auto folderTarget = scratch / "Form1.frm";
-  std::filesystem::create_directory(folderTarget);
-  WriteBytes(folderTarget / "inside.txt", "kept");
-  try {
-    WriteFileAtomically(folderTarget, "new");
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 75);
-    EXPECT_NE(vb::ToUtf8(e.Description()).find(folderTarget.string()), std::string::npos);
-  }
-  EXPECT_EQ(ReadFileBytes(folderTarget / "inside.txt"), "kept");
-  EXPECT_EQ(Entries(scratch.Path()), (std::vector<std::string>{"Form1.frm"}));
-
-  auto noFolder = scratch / "missing/Form1.frm";
-  try {
-    WriteFileAtomically(noFolder, "new");
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 75);
-    EXPECT_NE(vb::ToUtf8(e.Description()).find(noFolder.string()), std::string::npos);
-  }
-}
-
-TEST(FilesAtomicWrite, AReadOnlyFolderKeepsTheOldFile) {
-  if (::geteuid() == 0) GTEST_SKIP() << "root may write into read-only folders";
-  ScratchFolder scratch;
-  auto target = scratch / "locked/Module1.bas";
-  WriteBytes(target, "old");
-  ASSERT_EQ(::chmod(target.parent_path().c_str(), 0555), 0);
-  try {
-    WriteFileAtomically(target, "new");
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 70);
-  }
-  ::chmod(target.parent_path().c_str(), 0755);
-  EXPECT_EQ(ReadFileBytes(target), "old");
 }
 
 }  // namespace

@@ -2,9 +2,13 @@
 // ends and final-terminator state survive, and a failed save leaves the old file.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
+
 #include "host/Component.h"
 #include "host/Ide.h"
 #include "host/Project.h"
+#include "runtime/AtomicWriter.h"
 #include "support/TempFolder.h"
 #include "vbide/CodeModule.h"
 #include "vbide/VBForm.h"
@@ -86,22 +90,54 @@ TEST(Saving, RenamedControlsAndComponentsAreWrittenIntoTheHeaderAndProjectFile) 
   EXPECT_NE(w.Read("Orders.vbp").find("Module=modTotals; modCalc.bas\r\n"), std::string::npos);
 }
 
-TEST(Saving, AFailedSaveRaisesWithThePathAndLeavesTheOldFile) {
-  Loaded w;
-  auto component = w.project->VBComponents()->Item(u"modCalc");
+struct FaultCase {
+  const char* name;
+  vb::WriteFault fault;
+};
+
+class SaveFaults : public ::testing::TestWithParam<FaultCase> {};
+
+// Every step of a save can fail (a full disk, an I/O error on close, a failed rename): the old
+// file keeps every byte, nothing of ours is left beside it, the error names the file, and the
+// component stays changed so that the next save writes it.
+TEST_P(SaveFaults, AFailedSaveAtAnyStepLeavesTheOldFileAndNoTemporary) {
+  TempFolder folder;
+  folder.Write("Orders.vbp", kVbp);
+  folder.Write("modCalc.bas", kBas);
+  folder.Write("frmOrder.frm", kFrm);
+  auto ide = host::Ide::Create({});
+  ASSERT_TRUE(ide->Open(folder.Path() / "Orders.vbp").empty());
+  auto project = ide->ProjectList()->List().front();
+  auto component = project->VBComponents()->Item(u"modCalc");
   component->CodeModule()->ReplaceLine(2, u"' changed");
-  std::filesystem::create_directories(w.folder.Path() /
-                                      "taken.bas");  // a folder where the file should go
+  ide->Writer().InjectFault(GetParam().fault);
   try {
-    component->SaveAs(vb::FromUtf8((w.folder.Path() / "taken.bas").string()));
+    project->SaveAs(vb::FromUtf8((folder.Path() / "Orders.vbp").string()));
     FAIL() << "the save should fail";
   } catch (const vb::Error& e) {
-    EXPECT_TRUE(e.Number() == 75 || e.Number() == 70) << e.Number();
-    EXPECT_NE(e.Description().find(u"taken.bas"), std::u16string::npos);
+    EXPECT_NE(e.Description().find(vb::FromUtf8((folder.Path() / "modCalc.bas").string() + " (")),
+              std::u16string::npos)
+        << vb::ToUtf8(e.Description());
   }
   EXPECT_TRUE(component->IsDirty());
-  EXPECT_EQ(w.Read("modCalc.bas"), kBas);
+  EXPECT_EQ(TempFolder::Read(folder.Path() / "modCalc.bas"), kBas);
+  EXPECT_EQ(TempFolder::Read(folder.Path() / "Orders.vbp"), kVbp);
+  std::vector<std::string> names;
+  for (auto& entry : std::filesystem::directory_iterator(folder.Path()))
+    names.push_back(entry.path().filename().string());
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<std::string>{"Orders.vbp", "frmOrder.frm", "modCalc.bas"}));
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, SaveFaults,
+    ::testing::Values(FaultCase{"Open", {vb::WriteStep::Open, 0, ENOSPC}},
+                      FaultCase{"WriteAtByte0", {vb::WriteStep::Write, 0, ENOSPC}},
+                      FaultCase{"WriteAtByte40", {vb::WriteStep::Write, 40, ENOSPC}},
+                      FaultCase{"Sync", {vb::WriteStep::Sync, 0, EIO}},
+                      FaultCase{"Close", {vb::WriteStep::Close, 0, EIO}},
+                      FaultCase{"Rename", {vb::WriteStep::Rename, 0, EIO}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 TEST(Saving, TextTheCodePageCannotHoldIsRefusedNotTurnedIntoQuestionMarks) {
   Loaded w;

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <memory>
 
-#include "support/TempFolder.h"
 #include "runtime/Error.h"
 #include "runtime/IniSettingsStore.h"
 #include "runtime/SettingsIni.h"
 #include "runtime/Utf.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -194,36 +194,67 @@ void PrintTo(const DamagedCase& c, std::ostream* out) {
 
 class DamagedFile : public IniStore, public ::testing::WithParamInterface<DamagedCase> {};
 
-TEST_P(DamagedFile, ReadsAsDefaultsIsReportedOnceAndIsKeptUntilAWrite) {
+// Every case holds "AutoSave=1" under [Options] beside its damage; nothing under a damaged
+// section line may land in another section.
+TEST_P(DamagedFile, DamagedSettingsFileIsNotDroppedAndOverwrittenWithoutAWord) {
   const DamagedCase& c = GetParam();
   auto file = folder_.Write("settings/Quillmark Tools.ini", c.bytes);
   vb::IniSettingsStore store(folder_.Path());
-  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u"0"), u"0");
-  EXPECT_TRUE(store.GetAllSettings(kApp, u"Options").empty());
+  EXPECT_EQ(store.GetAllSettings(kApp, u"Options"), (Pairs{{u"AutoSave", u"1"}}));
+  EXPECT_TRUE(store.GetAllSettings(kApp, u"Search").empty());
   ASSERT_EQ(store.Problems().size(), 1u);
   EXPECT_EQ(store.Problems()[0].rfind(file.string() + ":" + std::to_string(c.line) + ": ", 0), 0u)
       << store.Problems()[0];
+  EXPECT_EQ(store.TakeProblems(), store.Problems());
+  EXPECT_TRUE(store.TakeProblems().empty());
   EXPECT_EQ(qmtest::TempFolder::Read(file), c.bytes);
 
   store.SaveSetting(kApp, u"Options", u"SaveInterval", u"9");
   EXPECT_EQ(store.Problems().size(), 1u);
-  EXPECT_EQ(qmtest::TempFolder::Read(file), "[Options]\nSaveInterval=9\n");
+  EXPECT_EQ(qmtest::TempFolder::Read(file), "[Options]\nAutoSave=1\nSaveInterval=9\n");
+  EXPECT_EQ(qmtest::TempFolder::Read(folder_.Path() / "settings/Quillmark Tools.ini.damaged"),
+            c.bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Ini, DamagedFile,
     ::testing::Values(DamagedCase{"InvalidUtf8", "[Options]\nAutoSave=1\nSaveInterval=\xC3(\n", 3},
-                      DamagedCase{"Overlong", "[Options]\r\nAutoSave=\xC0\xAF\r\n", 2},
-                      DamagedCase{"EncodedSurrogate", "[Options]\nA=\xED\xA0\x80\n", 2},
-                      DamagedCase{"Truncated", "[Options]\nAutoSave=\xE4\xB8", 2},
+                      DamagedCase{"Overlong", "[Options]\r\nAutoSave=1\r\nA=\xC0\xAF\r\n", 3},
+                      DamagedCase{"EncodedSurrogate", "[Options]\nAutoSave=1\nA=\xED\xA0\x80\n", 3},
+                      DamagedCase{"Truncated", "[Options]\nAutoSave=1\nA=\xE4\xB8", 3},
+                      DamagedCase{"BinaryGarbage",
+                                  std::string("[Options]\nAutoSave=1\n\0\xFF\x01\x80x\n", 27), 3},
                       DamagedCase{"NoEquals", "[Options]\nAutoSave=1\n\nAutoSave 1\n", 4},
-                      DamagedCase{"KeyBeforeSection", "AutoSave=1\n[Options]\n", 1},
-                      DamagedCase{"OpenSection", "[Options]\nAutoSave=1\n[Search\n", 3},
-                      DamagedCase{"TextAfterSection", "[Options] x\nAutoSave=1\n", 1},
+                      DamagedCase{"KeyBeforeSection", "A=1\n[Options]\nAutoSave=1\n", 1},
+                      DamagedCase{"OpenSection", "[Options]\nAutoSave=1\n[Search\nCol1=5\n", 3},
+                      DamagedCase{"TextAfterSection", "[Search] x\nCol1=5\n[Options]\nAutoSave=1\n",
+                                  1},
                       DamagedCase{"BadEscape", "[Options]\nAutoSave=1\nA=\\q\n", 3},
-                      DamagedCase{"ShortUnicodeEscape", "[Options]\nA=\\u12\n", 2},
-                      DamagedCase{"DanglingBackslash", "[Options]\nA=x\\\n", 2}),
+                      DamagedCase{"ShortUnicodeEscape", "[Options]\nA=\\u12\nAutoSave=1\n", 2},
+                      DamagedCase{"DanglingBackslash", "[Options]\nAutoSave=1\nA=x\\\n", 3}),
     [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(IniStore, DeletingADamagedApplicationKeepsTheDamagedFile) {
+  folder_.Write("settings/QTools Search History.ini", "[SearchRecents]\nRecent1=a\n[x\n");
+  folder_.Write("settings/QTools Search History.ini.damaged", "older");
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.GetSetting(u"QTools Search History", u"SearchRecents", u"Recent1", u""), u"a");
+  store.DeleteSetting(u"QTools Search History");
+  EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"QTools Search History.ini.damaged",
+                                                         "QTools Search History.ini.damaged2"}));
+  EXPECT_EQ(qmtest::TempFolder::Read(folder_.Path() / "settings/QTools Search History.ini.damaged"),
+            "older");
+}
+
+TEST_F(IniStore, ASectionOfManyKeysIsReadWhole) {
+  std::string text = "[Big]\n";
+  for (int i = 0; i < 50000; ++i) text += "K" + std::to_string(i) + "=" + std::to_string(i) + "\n";
+  folder_.Write("settings/Quillmark Tools.ini", text);
+  vb::IniSettingsStore store(folder_.Path());
+  EXPECT_EQ(store.GetAllSettings(kApp, u"big").size(), 50000u);
+  EXPECT_EQ(store.GetSetting(kApp, u"BIG", u"k49999", u""), u"49999");
+  EXPECT_EQ(store.GetSetting(kApp, u"Big", u"K50000", u"none"), u"none");
+}
 
 TEST_F(IniStore, UnreadableFileIsReportedAndReadsAsDefaults) {
   std::filesystem::create_directories(folder_.Path() / "settings" / "Quillmark Tools.ini");
@@ -234,36 +265,44 @@ TEST_F(IniStore, UnreadableFileIsReportedAndReadsAsDefaults) {
   EXPECT_NE(store.Problems()[0].find("Quillmark Tools.ini"), std::string::npos);
 }
 
-class FailingRenameStore : public vb::IniSettingsStore {
- public:
-  using IniSettingsStore::IniSettingsStore;
-  bool failRename = false;
-
- protected:
-  void ReplaceFile(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    if (failRename) throw std::filesystem::filesystem_error("rename", from, to, {});
-    IniSettingsStore::ReplaceFile(from, to);
-  }
+struct FaultCase {
+  const char* name;
+  vb::WriteFault fault;
 };
 
-TEST_F(IniStore, AFailedRenameLeavesTheOldFileAndTheOldValues) {
-  FailingRenameStore store(folder_.Path());
+class SettingsWriteFault : public IniStore, public ::testing::WithParamInterface<FaultCase> {};
+
+TEST_P(SettingsWriteFault, AFailedWriteLeavesTheOldFileAndTheOldValuesAndSaysWhy) {
+  auto writer = std::make_shared<vb::AtomicWriter>();
+  vb::IniSettingsStore store(folder_.Path(), writer);
   store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
   const std::string before = qmtest::TempFolder::Read(FileOf(kApp));
-  store.failRename = true;
+  writer->InjectFault(GetParam().fault);
   try {
     store.SaveSetting(kApp, u"Options", u"AutoSave", u"0");
     FAIL() << "expected a run-time error";
   } catch (const vb::Error& e) {
     EXPECT_EQ(e.Number(), 75);
-    EXPECT_NE(e.Description().find(u"Quillmark Tools.ini"), std::u16string::npos);
+    EXPECT_NE(e.Description().find(u"Quillmark Tools.ini (Input/output error)"),
+              std::u16string::npos)
+        << vb::ToUtf8(e.Description());
   }
   EXPECT_EQ(qmtest::TempFolder::Read(FileOf(kApp)), before);
   EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
   EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
+  ASSERT_EQ(store.TakeProblems().size(), 1u);  // for the front end, which the add-in does not tell
 }
 
-TEST_F(IniStore, AFolderThatCannotBeMadeRaisesPathNotFound) {
+INSTANTIATE_TEST_SUITE_P(Steps, SettingsWriteFault,
+                         ::testing::Values(FaultCase{"Open", {vb::WriteStep::Open}},
+                                           FaultCase{"WriteAtByte0", {vb::WriteStep::Write, 0}},
+                                           FaultCase{"WriteAtByte5", {vb::WriteStep::Write, 5}},
+                                           FaultCase{"Sync", {vb::WriteStep::Sync}},
+                                           FaultCase{"Close", {vb::WriteStep::Close}},
+                                           FaultCase{"Rename", {vb::WriteStep::Rename}}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(IniStore, SettingsFolderThatIsAFileSaysWhichFileAndWhy) {
   folder_.Write("settings", "a file where the folder should be");
   vb::IniSettingsStore store(folder_.Path());
   try {
@@ -271,7 +310,10 @@ TEST_F(IniStore, AFolderThatCannotBeMadeRaisesPathNotFound) {
     FAIL() << "expected a run-time error";
   } catch (const vb::Error& e) {
     EXPECT_EQ(e.Number(), 76);
+    std::string text = vb::ToUtf8(e.Description());
+    EXPECT_NE(text.find((folder_.Path() / "settings").string() + " ("), std::string::npos) << text;
   }
+  ASSERT_EQ(store.Problems().size(), 1u);
 }
 
 TEST(UserFolder, FollowsTheEnvironmentInItsOrderOfPreference) {
@@ -280,6 +322,15 @@ TEST(UserFolder, FollowsTheEnvironmentInItsOrderOfPreference) {
   EXPECT_EQ(vb::DefaultUserFolder("", "", "/h"), "/h/.config/quillmark");
 }
 
+TEST(UserFolder, NoHomeIsRefusedInsteadOfUsingTheCurrentFolder) {
+  try {
+    vb::DefaultUserFolder("", "", "");
+    FAIL() << "expected a run-time error";
+  } catch (const vb::Error& e) {
+    EXPECT_EQ(e.Number(), 76);
+    EXPECT_NE(e.Description().find(u"HOME"), std::u16string::npos);
+  }
+}
 TEST(IniEscapes, MalformedEscapesAreRejected) {
   for (std::u16string_view text : {u"\\", u"a\\", u"\\q", u"\\u12", u"\\uZZZZ", u"\\u12G4"}) {
     SCOPED_TRACE(vb::ToUtf8(text));

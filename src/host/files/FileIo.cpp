@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstring>
 #include <utility>
-#include <vector>
 
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
@@ -43,24 +42,6 @@ class Descriptor {
   int fd_;
 };
 
-bool WriteAll(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    ssize_t written = ::write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-void SyncFolder(const std::filesystem::path& folder) {
-  // Makes the rename itself durable; a file system that cannot do this still renamed the file.
-  int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
-}
-
 }  // namespace
 
 std::string ReadFileBytes(const std::filesystem::path& path) {
@@ -84,32 +65,6 @@ std::string ReadFileBytes(const std::filesystem::path& path) {
   }
   bytes.resize(done);
   return bytes;
-}
-
-void WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes) {
-  std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
-  std::string hidden = ".";
-  hidden.append(path.filename().string()).append(".XXXXXX");
-  std::string pattern = (folder / hidden).string();
-  std::vector<char> name(pattern.begin(), pattern.end());
-  name.push_back('\0');
-  Descriptor fd(::mkstemp(name.data()));
-  if (fd.Get() < 0) {
-    int error = errno;
-    throw FileError(NumberFor(error), path, error);
-  }
-  std::string temporary(name.data());
-  auto fail = [&](int error) {
-    ::unlink(temporary.c_str());
-    return FileError(NumberFor(error), path, error);
-  };
-  struct stat old {};
-  mode_t mode = ::stat(path.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-  if (::fchmod(fd.Get(), mode) != 0) throw fail(errno);
-  if (!WriteAll(fd.Get(), bytes) || ::fsync(fd.Get()) != 0) throw fail(errno);
-  if (::close(fd.Release()) != 0) throw fail(errno);
-  if (::rename(temporary.c_str(), path.c_str()) != 0) throw fail(errno);
-  SyncFolder(folder);
 }
 
 }  // namespace host::files

@@ -55,13 +55,19 @@ struct Found {
   DesignerControl* parent = nullptr;
 };
 
-Found FindControl(DesignerControl& parent, int beginLine) {
-  for (DesignerControl& child : parent.children) {
-    if (child.beginLine == beginLine) return {&child, &parent};
-    if (child.beginLine < beginLine && beginLine < child.endLine) {
-      Found inner = FindControl(child, beginLine);
-      if (inner.control) return inner;
+// Descends only into the block that spans the line, without recursion (nesting is unbounded).
+Found FindControl(DesignerControl& root, int beginLine) {
+  DesignerControl* parent = &root;
+  while (parent) {
+    DesignerControl* inside = nullptr;
+    for (DesignerControl& child : parent->children) {
+      if (child.beginLine == beginLine) return {&child, parent};
+      if (child.beginLine < beginLine && beginLine < child.endLine) {
+        inside = &child;
+        break;
+      }
     }
+    parent = inside;
   }
   return {};
 }

@@ -129,6 +129,37 @@ bool DesignerControl::IsMenu() const {
   return vb::EqualsText(className, u"VB.Menu");
 }
 
+namespace {
+// Destroys a tree of controls level by level, so that no destructor recurses into its children.
+void DismantleChildren(std::vector<DesignerControl>& children) {
+  std::vector<DesignerControl> pending = std::move(children);
+  children.clear();
+  while (!pending.empty()) {
+    DesignerControl last = std::move(pending.back());
+    pending.pop_back();
+    for (DesignerControl& child : last.children) pending.push_back(std::move(child));
+    last.children.clear();  // now only childless shells
+  }
+}
+}  // namespace
+
+DesignerControl& DesignerControl::operator=(DesignerControl&& other) noexcept {
+  if (this == &other) return *this;
+  DismantleChildren(children);
+  className = std::move(other.className);
+  name = std::move(other.name);
+  index = other.index;
+  properties = std::move(other.properties);
+  children = std::move(other.children);
+  beginLine = other.beginLine;
+  endLine = other.endLine;
+  return *this;
+}
+
+DesignerControl::~DesignerControl() {
+  DismantleChildren(children);
+}
+
 ModuleFile ReadModule(std::string_view bytes, ModuleKind kind, const vb::CodePage& codePage,
                       const std::string& fileForProblems, Problems& problems) {
   ModuleFile module;

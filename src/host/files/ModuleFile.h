@@ -45,6 +45,15 @@ struct DesignerControl {
   int endLine = 0;
 
   bool IsMenu() const;
+
+  // Nesting has no limit a file could exceed: the tree is taken apart without recursion, and
+  // copies are not made (a copy would recurse as deep as the nesting).
+  DesignerControl() = default;
+  DesignerControl(DesignerControl&&) noexcept = default;
+  DesignerControl& operator=(DesignerControl&& other) noexcept;
+  DesignerControl(const DesignerControl&) = delete;
+  DesignerControl& operator=(const DesignerControl&) = delete;
+  ~DesignerControl();
 };
 
 struct ModuleFile {

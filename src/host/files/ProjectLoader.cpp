@@ -1,6 +1,7 @@
 // host::files project loading.
 #include "host/files/ProjectLoader.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -72,15 +73,32 @@ class Loader {
     loaded.path = vbg;
     loaded.group = ReadGroup(ReadFileBytes(vbg), codePage_, vbg.string(), problems_);
     const auto& entries = loaded.group.projects;
+    std::vector<std::filesystem::path> seen;
     for (std::size_t i = 0; i < entries.size(); ++i) {
       std::optional<std::filesystem::path> path =
           resolver_.Resolve(vbg.parent_path(), entries[i].path);
+      std::string quoted = Concat({"\"", vb::ToUtf8(entries[i].path), "\""});
       if (!path) {
-        Report(vbg, entries[i].line,
-               Concat({"file not found: \"", vb::ToUtf8(entries[i].path), "\""}));
+        Report(vbg, entries[i].line, Concat({"file not found: ", quoted}));
         continue;
       }
-      loaded.projects.push_back(Project(*path));
+      // A project listed twice is one project: loading it twice would give two projects of one
+      // name, and an edit through either would overwrite the other's.
+      std::error_code ec;
+      std::filesystem::path canonical = std::filesystem::weakly_canonical(*path, ec);
+      if (std::find(seen.begin(), seen.end(), canonical) != seen.end()) {
+        Report(vbg, entries[i].line,
+               Concat({quoted, " is already in the group; it is loaded once"}));
+        continue;
+      }
+      seen.push_back(canonical);
+      try {
+        loaded.projects.push_back(Project(*path));
+      } catch (const vb::Error& error) {
+        // A folder or an unreadable file where the project should be: reported, the rest loads.
+        Report(vbg, entries[i].line, vb::ToUtf8(error.Description()));
+        continue;
+      }
       loaded.entries.push_back(i);
     }
     return loaded;
@@ -124,7 +142,8 @@ class Loader {
         for (auto& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
         if (lower.find(ext) == std::string::npos) continue;
         problems_.push_back({loaded.path.string(), static_cast<int>(i) + 1,
-                             "its companion file (" + vb::ToUtf8(extension) + ") is missing; the properties stored there are kept as written",
+                             "its companion file (" + vb::ToUtf8(extension) +
+                                 ") is missing; the properties stored there are kept as written",
                              true});
         return;
       }

@@ -1,0 +1,3 @@
+Attribute VB_Name = "A|B"
+Sub Main()
+End Sub
