@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "runtime/CodePage.h"
+#include "runtime/Error.h"
+#include "runtime/Utf.h"
 #include "studio/Studio.h"
 
 namespace {
@@ -71,7 +73,15 @@ int main(int argc, char** argv) {
   std::filesystem::path project = positional.isEmpty()
                                       ? std::filesystem::path(QM_SAMPLE_GROUP)
                                       : std::filesystem::path(positional.front().toStdString());
-  studio::Studio studio(composition::ConfigFolder(folder), {}, page);
+  std::filesystem::path config;
+  try {
+    config = composition::ConfigFolder(folder);
+  } catch (const vb::Error& e) {
+    // No folder for the settings (no home set): said, not a crash.
+    std::fprintf(stderr, "quillmark-studio: %s\n", vb::ToUtf8(e.Description()).c_str());
+    return 1;
+  }
+  studio::Studio studio(config, {}, page);
   studio.Start(project);
   if (parser.isSet(search) && !studio.SearchThroughToolbar(parser.value(search)))
     std::fprintf(stderr, "quillmark-studio: the add-in's toolbar has no search box\n");
