@@ -57,8 +57,8 @@ bool TakeWord(std::u16string& text, std::u16string_view word) {
 
 // "[Optional ][ByVal ][ParamArray ]NAME As TYPE[ = DEFAULT]", as the argument reads in VB. A
 // missing type is left empty: the dialog itself refuses the argument then.
-ArgumentSpec ParseArgument(const std::string& spec) {
-  std::u16string text = vb::FromUtf8(spec);
+ArgumentSpec ParseArgument(const std::string& written) {
+  std::u16string text = vb::FromUtf8(written);
   text.erase(0, text.find_first_not_of(u' '));
   ArgumentSpec arg;
   arg.isOptional = TakeWord(text, u"Optional");
@@ -120,13 +120,13 @@ class AddMember {
     if (args_.Option("scope")) Pick(dialog_, dialog_.cboMethodScope, "scope", Text("scope"));
     ui_.SetCheck(u"chkMethodStatic", args_.Flag("static") ? 1 : 0);
     ui_.Type(u"cboMethodReturn", Text("returns"));
-    for (auto& spec : args_.Options("arg")) AddArgument(spec);
+    for (auto& written : args_.Options("arg")) AddArgument(written);
   }
 
   // The boxes keep their state from one argument to the next, as in the dialog; each one that
   // differs is clicked, in the order Optional, ByVal, ParamArray, so the option rules decide.
-  void AddArgument(const std::string& spec) {
-    ArgumentSpec arg = ParseArgument(spec);
+  void AddArgument(const std::string& written) {
+    ArgumentSpec arg = ParseArgument(written);
     struct Box {
       vb::CheckBox& box;
       bool wanted;
@@ -137,7 +137,7 @@ class AddMember {
                   Box{dialog_.chkParamArray, arg.isParamArray, "ParamArray"}}) {
       if ((b.box.Value() == 1) == b.wanted) continue;
       if (!b.box.IsUsable())
-        throw Refused("--arg \"" + spec + "\": " + b.name + " is not available");
+        throw Refused("--arg \"" + written + "\": " + b.name + " is not available");
       ui_.Click(b.box.Name());
     }
     ui_.Type(u"txtArgName", arg.name);
@@ -145,9 +145,9 @@ class AddMember {
     if (dialog_.txtArgDefault.IsUsable())
       ui_.Type(u"txtArgDefault", arg.defaultValue);
     else if (!arg.defaultValue.empty())
-      throw Refused("--arg \"" + spec + "\": a default value needs Optional");
+      throw Refused("--arg \"" + written + "\": a default value needs Optional");
     ui_.Click(u"cmdAddArg");
-    RefuseOnMessage("--arg \"" + spec + "\"");
+    RefuseOnMessage("--arg \"" + written + "\"");
   }
 
   void FillProperty() {
