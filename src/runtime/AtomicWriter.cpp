@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "runtime/Error.h"
+#include "runtime/FileDescriptor.h"
 #include "runtime/Utf.h"
 
 namespace vb {
@@ -34,21 +35,7 @@ Error SystemError(const fs::path& path, int error) {
   return FileError(number, path, std::strerror(error));
 }
 
-// Closes a descriptor when the scope ends, whatever path leaves it.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int Get() const { return fd_; }
-  int Release() { return std::exchange(fd_, -1); }
-
- private:
-  int fd_;
-};
+using Descriptor = vb::FileDescriptor;
 
 bool WriteAll(int fd, std::string_view bytes) {
   while (!bytes.empty()) {

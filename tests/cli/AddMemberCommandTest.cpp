@@ -4,16 +4,14 @@
 
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 const char* kModMain =
     "Attribute VB_Name = \"modMain\"\r\n"
@@ -42,9 +40,7 @@ class AddMember : public ::testing::Test {
   Result Run(std::vector<std::string> args) {
     args.insert(args.begin(), {"add-member", (temp.Path() / "Shop.vbp").string()});
     args.insert(args.end(), {"--config-dir", (temp.Path() / "config").string()});
-    std::ostringstream out, err;
-    int status = cli::Run(args, {out, err});
-    return {status, out.str(), err.str()};
+    return Quillmark(args);
   }
   std::string File(const char* name) { return qmtest::TempFolder::Read(temp.Path() / name); }
   qmtest::TempFolder temp;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
@@ -14,17 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 using qmtest::TempFolder;
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-Result Quillmark(std::vector<std::string> args) {
-  std::ostringstream out, err;
-  int status = cli::Run(args, {out, err});
-  return {status, out.str(), err.str()};
-}
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 std::string Bas(const std::string& name, const std::string& body = "") {
   return "Attribute VB_Name = \"" + name + "\"\r\nPublic Sub Run()\r\n" + body + "End Sub\r\n";

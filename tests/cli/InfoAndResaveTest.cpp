@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
@@ -11,17 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-Result Quillmark(std::vector<std::string> args) {
-  std::ostringstream out, err;
-  int status = cli::Run(args, {out, err});
-  return {status, out.str(), err.str()};
-}
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 const fs::path kSamples = fs::path(QM_SOURCE_DIR) / "samples";
 

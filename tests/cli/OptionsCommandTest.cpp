@@ -4,22 +4,18 @@
 
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 Result Options(const qmtest::TempFolder& home, std::vector<std::string> args) {
   args.insert(args.begin(), {"options", "--config-dir", home.Path().string()});
-  std::ostringstream out, err;
-  int status = cli::Run(args, {out, err});
-  return {status, out.str(), err.str()};
+  return Quillmark(args);
 }
 
 std::string Ini(const qmtest::TempFolder& home) {

@@ -3,16 +3,14 @@
 
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 const char* kModMain =
     "Attribute VB_Name = \"modMain\"\r\n"
@@ -45,9 +43,7 @@ class Cli : public ::testing::Test {
     args.insert(args.begin() + 1, (temp.Path() / "Shop.vbp").string());
     args.push_back("--config-dir");
     args.push_back((temp.Path() / "config").string());
-    std::ostringstream out, err;
-    int status = cli::Run(args, {out, err});
-    return {status, out.str(), err.str()};
+    return Quillmark(args);
   }
   std::string File(const char* name) { return qmtest::TempFolder::Read(temp.Path() / name); }
   qmtest::TempFolder temp;

@@ -4,22 +4,14 @@
 
 #include <sstream>
 
+#include "cli/CliRun.h"
 #include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-struct Result {
-  int status;
-  std::string out;
-  std::string err;
-};
-
-Result Quillmark(std::vector<std::string> args) {
-  std::ostringstream out, err;
-  int status = cli::Run(args, {out, err});
-  return {status, out.str(), err.str()};
-}
+using Result = qmtest::CliResult;
+using qmtest::Quillmark;
 
 TEST(Tour, ShowsTheMenuTheToolbarAndTheSettingsWrittenInTheFolderGiven) {
   qmtest::TempFolder home;

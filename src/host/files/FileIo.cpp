@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "runtime/Error.h"
+#include "runtime/FileDescriptor.h"
 #include "runtime/Utf.h"
 
 namespace host::files {
@@ -26,21 +27,7 @@ int NumberFor(int error) {
                                                              : vb::err::kPathFileAccess;
 }
 
-// Closes a descriptor when the scope ends, whatever path leaves it.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int Get() const { return fd_; }
-  int Release() { return std::exchange(fd_, -1); }
-
- private:
-  int fd_;
-};
+using Descriptor = vb::FileDescriptor;
 
 }  // namespace
 
