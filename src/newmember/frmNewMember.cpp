@@ -2,6 +2,7 @@
 // resets.
 #include "newmember/frmNewMember.h"
 
+#include "base/NewMemberWindow.h"
 #include "base/ResumeNext.h"
 #include "base/mdlMainHelpers.h"
 #include "vbide/CodeModule.h"
@@ -41,6 +42,10 @@ frmNewMember::frmNewMember(mdlMain& main) : Form(main.Rt(), u"frmNewMember"), ma
 }
 
 frmNewMember::~frmNewMember() = default;
+
+void AddNewMember(frmNewMember& dialog, int kind) {
+  dialog.Add(kind);
+}
 
 void frmNewMember::Add(int kind) {
   component_ = main_.gVBInstance ? WorkingComponent(*main_.gVBInstance) : nullptr;
