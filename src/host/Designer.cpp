@@ -6,6 +6,7 @@
 #include "host/Component.h"
 #include "host/Ide.h"
 #include "host/Project.h"
+#include "host/VbLexer.h"
 #include "host/files/HeaderEdits.h"
 #include "runtime/Utf.h"
 
@@ -35,6 +36,30 @@ std::u16string PropertyText(std::u16string_view raw) {
   std::u16string_view value = comment == std::u16string_view::npos ? raw : raw.substr(0, comment);
   while (!value.empty() && value.back() == u' ') value.remove_suffix(1);
   return std::u16string(value);
+}
+
+// VB's rule for a control's name: a letter first, then letters, digits and "_", at most 40.
+bool IsControlName(std::u16string_view name) {
+  constexpr std::size_t kLongest = 40;
+  if (name.empty() || name.size() > kLongest) return false;
+  if (!IsIdentifierUnit(name[0]) || name[0] == u'_' || (name[0] >= u'0' && name[0] <= u'9'))
+    return false;
+  return std::all_of(name.begin(), name.end(), IsIdentifierUnit);
+}
+
+// What VB calls a new control of a class: Command1, Text1, Label1 ...
+std::u16string_view BaseName(std::u16string_view className) {
+  static constexpr std::pair<std::u16string_view, std::u16string_view> kShort[] = {
+      {u"VB.CommandButton", u"Command"}, {u"VB.TextBox", u"Text"},
+      {u"VB.CheckBox", u"Check"},        {u"VB.OptionButton", u"Option"},
+      {u"VB.ListBox", u"List"},          {u"VB.ComboBox", u"Combo"},
+      {u"VB.PictureBox", u"Picture"},    {u"VB.HScrollBar", u"HScroll"},
+      {u"VB.VScrollBar", u"VScroll"},    {u"VB.DriveListBox", u"Drive"},
+      {u"VB.DirListBox", u"Dir"},        {u"VB.FileListBox", u"File"}};
+  for (auto& [cls, base] : kShort)
+    if (SameName(cls, className)) return base;
+  std::size_t dot = className.rfind(u'.');
+  return dot == std::u16string_view::npos ? className : className.substr(dot + 1);
 }
 
 }  // namespace
@@ -136,6 +161,10 @@ vbide::VBControlPtr Controls::Item(int index) {
   return items[index - 1];
 }
 
+vbide::VBControlPtr Controls::Add(std::u16string_view progId) {
+  return designer_.lock()->Add(progId);
+}
+
 void Controls::Remove(int index) {
   auto control = std::static_pointer_cast<Control>(Item(index));
   designer_.lock()->Remove(control->FlatIndex());
@@ -207,6 +236,9 @@ std::shared_ptr<Control> Designer::ContainerOf(int flatIndex) const {
 }
 
 void Designer::Rename(Control& control, std::u16string_view newName) {
+  if (!IsControlName(newName))
+    throw vb::Error::Standard(vb::err::kInvalidPropertyValue,
+                              u"not a control name: \"" + std::u16string(newName) + u"\"");
   auto component = component_.lock();
   auto project = component->OwnerProject();
   const auto& node = nodes_[control.FlatIndex()];
@@ -220,6 +252,36 @@ void Designer::Rename(Control& control, std::u16string_view newName) {
     e.ItemRenamed.Raise(control.shared_from_this(), oldName, oldIndex);
   });
   ide->changed.Raise();
+}
+
+std::shared_ptr<Control> Designer::Add(std::u16string_view className) {
+  auto component = component_.lock();
+  auto project = component->OwnerProject();
+  std::u16string base(BaseName(className));
+  std::u16string name;
+  for (int n = 1; name.empty(); ++n) {
+    std::u16string candidate = base + vb::FromUtf8(std::to_string(n));
+    bool used = std::any_of(nodes_.begin(), nodes_.end(), [&](const files::DesignerControl* node) {
+      return SameName(node->name, candidate);
+    });
+    if (!used) name = candidate;
+  }
+  int beginLine = files::AddControl(component->File(), className, name, project->Codec());
+  Reindex();
+  int at = static_cast<int>(std::find_if(nodes_.begin(), nodes_.end(),
+                                         [&](const files::DesignerControl* node) {
+                                           return node->beginLine == beginLine;
+                                         }) -
+                            nodes_.begin());
+  auto added = std::make_shared<Control>(weak_from_this(), at);
+  controls_.insert(controls_.begin() + at, added);
+  for (int i = 0; i < static_cast<int>(controls_.size()); ++i) controls_[i]->SetFlatIndex(i);
+  component->MarkChanged();
+  auto ide = component->OwnerIde();
+  ide->Hub().ForControls(project.get(), this,
+                         [&](vbide::VBControlsEvents& e) { e.ItemAdded.Raise(added); });
+  ide->changed.Raise();
+  return added;
 }
 
 void Designer::Remove(int flatIndex) {

@@ -53,6 +53,7 @@ class Controls final : public vbide::VBControls {
   vbide::VBControlPtr Item(int index) override;
   std::vector<vbide::VBControlPtr> Items() override;
   void Remove(int index) override;
+  vbide::VBControlPtr Add(std::u16string_view progId) override;
 
  private:
   std::weak_ptr<Designer> designer_;
@@ -74,8 +75,10 @@ class Designer final : public vbide::VBForm,
   const std::vector<std::shared_ptr<Control>>& List() const { return controls_; }
   const files::DesignerControl& Node(int flatIndex) const { return *nodes_[flatIndex]; }
   std::shared_ptr<Control> ContainerOf(int flatIndex) const;
+  // A name that is not a VB identifier raises 380, as the Properties window refuses it.
   void Rename(Control& control, std::u16string_view newName);
   void Remove(int flatIndex);
+  std::shared_ptr<Control> Add(std::u16string_view className);
   void BringToFront(int flatIndex);
   void Detach();
   std::shared_ptr<Component> Owner() const { return component_.lock(); }

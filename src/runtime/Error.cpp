@@ -32,6 +32,8 @@ std::u16string Error::StandardDescription(int number) {
       return u"Path not found";
     case err::kObjectNotSet:
       return u"Object variable or With block variable not set";
+    case err::kInvalidPropertyValue:
+      return u"Invalid property value";
     default:
       return u"Application-defined or object-defined error";
   }

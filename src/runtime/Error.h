@@ -19,6 +19,7 @@ inline constexpr int kPermissionDenied = 70;     // "Permission denied"
 inline constexpr int kPathFileAccess = 75;       // "Path/File access error"
 inline constexpr int kPathNotFound = 76;         // "Path not found"
 inline constexpr int kObjectNotSet = 91;         // "Object variable or With block variable not set"
+inline constexpr int kInvalidPropertyValue = 380;  // "Invalid property value"
 }  // namespace err
 
 class Error : public std::runtime_error {

@@ -27,6 +27,9 @@ class VBControls {
   virtual std::vector<VBControlPtr> Items() = 0;
   // Removes the control at that position and its children; fires VBControlsEvents.ItemRemoved.
   virtual void Remove(int index) = 0;
+  // Adds a control of the class `progId` ("VB.CommandButton") on top of the form's z-order,
+  // named after its class with the first free number (Command1); fires ItemAdded.
+  virtual VBControlPtr Add(std::u16string_view progId) = 0;
 };
 
 class VBControl {

@@ -222,6 +222,7 @@ TEST_F(ComponentViewer, FollowsTheIdesSelectionAndRefreshesOnControlEventsOnlyWh
   Show(u"(Methods/Properties)");
   Rows members = Listed();
   text1->SetProperty(u"Name", u"txtName");
+  Component(u"frmOrder")->Designer()->VBControls()->Add(u"VB.Label");
   Component(u"frmOrder")->CodeModule()->DeleteLines(5, 2);  // DoIt, behind the viewer's back
   EXPECT_EQ(Listed(), members) << "a control event does not rebuild a member view";
   User().PressKey(u"lvwExplorer", 116);  // F5
@@ -230,7 +231,9 @@ TEST_F(ComponentViewer, FollowsTheIdesSelectionAndRefreshesOnControlEventsOnlyWh
   text1->SetProperty(u"Name", u"txtOrder");
   EXPECT_EQ(Listed()[0], "C||txtOrder||-1|txtOrder|Control");
   Component(u"frmOrder")->Designer()->VBControls()->Remove(1);
-  EXPECT_EQ(Listed().size(), 3u);
+  EXPECT_EQ(Listed().size(), 4u);
+  Component(u"frmOrder")->Designer()->VBControls()->Add(u"VB.TextBox");
+  EXPECT_EQ(Listed().back(), "C||Text1||-1|Text1|Control");
 }
 
 TEST_F(ComponentViewer, ARefreshDuringAFillCancelsItAndTheFillStartsOver) {

@@ -154,7 +154,7 @@ TEST(Saving, TextTheCodePageCannotHoldIsRefusedNotTurnedIntoQuestionMarks) {
   EXPECT_TRUE(component->IsDirty());
 }
 
-TEST(Designers, ListControlsInOrderAndRaiseEventsForRenameAndRemove) {
+TEST(Designers, ListControlsInOrderAndRaiseEventsForAddRenameAndRemove) {
   Loaded w;
   auto form = w.project->VBComponents()->Item(u"frmOrder");
   auto designer = form->Designer();
@@ -174,15 +174,46 @@ TEST(Designers, ListControlsInOrderAndRaiseEventsForRenameAndRemove) {
     seen.push_back(u"removed");
     (void)c;
   });
+  auto s3 = events->ItemAdded.Subscribe(
+      [&](vbide::VBControlPtr c) { seen.push_back(u"added " + c->Name()); });
   auto ok = controls->Item(1);
+  for (auto bad : {u"", u"1st", u"_x", u"cmd OK", u"cmd-OK",
+                   u"a234567890123456789012345678901"
+                   u"2345678901"}) {
+    SCOPED_TRACE(vb::ToUtf8(bad));
+    try {
+      ok->SetProperty(u"Name", bad);
+      ADD_FAILURE() << "a name VB refuses was taken";
+    } catch (const vb::Error& e) {
+      EXPECT_EQ(e.Number(), 380);
+    }
+  }
+  EXPECT_FALSE(form->IsDirty());
   ok->SetProperty(u"Name", u"cmdAccept");
   controls->Item(1)->ControlObject()->ZOrder(0);  // cmdAccept goes on top: after txtQty
   EXPECT_EQ(designer->VBControls()->Item(2)->Name(), u"cmdAccept");
   designer->VBControls()->Remove(2);
-  EXPECT_EQ(seen, (std::vector<std::u16string>{u"cmdOK->cmdAccept/-1", u"removed"}));
+  auto added = controls->Add(u"VB.CommandButton");
+  controls->Add(u"VB.Timer");
+  EXPECT_EQ(seen, (std::vector<std::u16string>{u"cmdOK->cmdAccept/-1", u"removed",
+                                               u"added Command1", u"added Timer1"}));
   EXPECT_THROW(ok->Name(), vb::Error);
-  EXPECT_EQ(designer->VBControls()->Count(), 1);
+  EXPECT_EQ(designer->VBControls()->Count(), 3);
+  EXPECT_EQ(designer->VBControls()->Item(2), added) << "on top of the z-order";
+  added->ControlObject()->ZOrder(0);  // the new block is a block like any other
   EXPECT_TRUE(form->IsDirty());
+  w.ide->SaveAll();
+  EXPECT_EQ(w.Read("frmOrder.frm"),
+            "VERSION 5.00\r\nBegin VB.Form frmOrder \r\n   Caption         =   \"Order\"\r\n"
+            "   Begin VB.TextBox txtQty \r\n      Text            =   \"1\"\r\n   End\r\n"
+            "   Begin VB.Timer Timer1 \r\n      Height          =   495\r\n"
+            "      Left            =   120\r\n      Top             =   120\r\n"
+            "      Width           =   1215\r\n   End\r\n"
+            "   Begin VB.CommandButton Command1 \r\n      Height          =   495\r\n"
+            "      Left            =   120\r\n      TabIndex        =   1\r\n"
+            "      Top             =   120\r\n      Width           =   1215\r\n   End\r\n"
+            "End\r\nAttribute VB_Name = \"frmOrder\"\r\nAttribute VB_PredeclaredId = True\r\n"
+            "Private Sub cmdOK_Click()\r\nEnd Sub\r\n");
 }
 
 }  // namespace

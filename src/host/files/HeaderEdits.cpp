@@ -126,6 +126,33 @@ void RemoveControl(ModuleFile& module, int beginLine, const vb::CodePage& codePa
   ParseDesigner(module, codePage);
 }
 
+int AddControl(ModuleFile& module, std::u16string_view className, std::u16string_view name,
+               const vb::CodePage& codePage) {
+  if (!module.designer) throw InvalidCall(u"the module has no designer");
+  std::string bytes = EncodeName(name, codePage);
+  std::string type = EncodeName(className, codePage);
+  const DesignerControl& root = *module.designer;
+  auto menu = std::find_if(root.children.begin(), root.children.end(),
+                           [](const DesignerControl& c) { return c.IsMenu(); });
+  int at = menu == root.children.end() ? root.endLine : menu->beginLine;
+  int tabIndex = static_cast<int>(menu - root.children.begin());
+  // Windowless controls have no tab stop.
+  bool tabStop = !(className == u"VB.Timer" || className == u"VB.Line" ||
+                   className == u"VB.Shape" || className == u"VB.Image");
+  std::vector<RawLine> block{{Concat({"   Begin ", type, " ", bytes, " "}), Eol::CrLf},
+                             {"      Height          =   495", Eol::CrLf},
+                             {"      Left            =   120", Eol::CrLf}};
+  if (tabStop)
+    block.push_back({Concat({"      TabIndex        =   ", std::to_string(tabIndex)}), Eol::CrLf});
+  block.push_back({"      Top             =   120", Eol::CrLf});
+  block.push_back({"      Width           =   1215", Eol::CrLf});
+  block.push_back({"   End", Eol::CrLf});
+  module.header.insert(module.header.begin() + at, block.begin(), block.end());
+  module.attributesStart += block.size();
+  ParseDesigner(module, codePage);
+  return at;
+}
+
 void BringControlToFront(ModuleFile& module, int beginLine, const vb::CodePage& codePage) {
   Found found = RequireControl(module, beginLine);
   if (found.control->IsMenu()) return;

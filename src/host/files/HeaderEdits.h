@@ -25,6 +25,11 @@ void RenameControl(ModuleFile& module, int beginLine, std::u16string_view newNam
 // Removes the control's block with everything nested in it.
 void RemoveControl(ModuleFile& module, int beginLine, const vb::CodePage& codePage);
 
+// Adds an empty control block on top of the form's z-order (before its menus) with the usual
+// place and size, and returns the 0-based header line of its Begin line.
+int AddControl(ModuleFile& module, std::u16string_view className, std::u16string_view name,
+               const vb::CodePage& codePage);
+
 // Moves the control's block after its last sibling that is not a menu: the top of the z-order.
 // Menus have no z-order; for a menu, and for a control already on top, nothing changes.
 void BringControlToFront(ModuleFile& module, int beginLine, const vb::CodePage& codePage);
