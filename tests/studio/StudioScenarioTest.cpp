@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
@@ -50,18 +51,26 @@ class StudioScenario : public StudioTest {
     ASSERT_NE(box, nullptr);
     box->lineEdit()->selectAll();
     QTest::keyClicks(box->lineEdit(), text);
-    Post(box->lineEdit(), Qt::Key_Return);
+    Press(box->lineEdit(), Qt::Key_Return);
     Settle();
   }
-  // Delivers a person's input from inside a running event loop, where it arrives in the studio
-  // (work the input posts, and deletions deferred under it, behave as they do there).
-  // A person's key arrives posted, through the running loop, as in the studio.
-  static void Post(QWidget* target, int key) {
+  // A person's key, delivered from inside a running event loop as in the studio (an add-in's
+  // search pumps that loop, so deferred deletions and queued redraws can run under the key's
+  // handler). The widget that got the key must outlive its own handling of it; checked here,
+  // because the reads of a widget deleted that way happen inside Qt, which the address
+  // sanitizer does not see.
+  static void Press(QWidget* target, int key) {
+    QPointer<QWidget> alive = target;
+    bool survived = false;
     QEventLoop loop;
-    QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
-    QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier));
-    QTimer::singleShot(0, &loop, [&] { loop.quit(); });
+    QTimer::singleShot(0, &loop, [&] {
+      QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+      QCoreApplication::sendEvent(target, &press);
+      survived = !alive.isNull();
+      loop.quit();
+    });
     loop.exec();
+    EXPECT_TRUE(survived) << "deleted while handling its own key";
   }
   QDockWidget* ResultsDock() {
     for (auto* dock : Window().findChildren<QDockWidget*>())
@@ -113,7 +122,7 @@ class StudioScenario : public StudioTest {
 
 // Enter in the toolbar's box, and a pick from its list, rebuilt the toolbar under the box's own
 // key handler (SIGSEGV in the lambda of CommandBarView::AddComboBox).
-TEST_F(StudioScenario, ToolbarSearchBoxSearchesOnEnterAndOnAPickAndSurvives) {
+TEST_F(StudioScenario, ToolbarSearchBoxRedrawnUnderItsOwnKeyHandler) {
   Start();
   ScopeAllProjects();
   TypeSearch(QStringLiteral("Dim"));
@@ -127,7 +136,7 @@ TEST_F(StudioScenario, ToolbarSearchBoxSearchesOnEnterAndOnAPickAndSurvives) {
   int dim = box->findText(QStringLiteral("Dim"));
   ASSERT_GT(dim, 0) << "the earlier text is listed below the latest";
   box->setCurrentIndex(dim - 1);
-  Post(box, Qt::Key_Down);  // picks "Dim" from the list
+  Press(box, Qt::Key_Down);  // picks "Dim" from the list
   Settle();
   EXPECT_EQ(ResultRows(), dimRows);
   EXPECT_FALSE(Main().Searching);
