@@ -14,6 +14,8 @@
 
 #include "addin/Connect.h"
 #include "host/Addins.h"
+#include "host/Ide.h"
+#include "host/Project.h"
 #include "runtime/Utf.h"
 #include "runtime/forms/Control.h"
 #include "runtime/forms/Form.h"
@@ -22,6 +24,8 @@
 #include "studio/QtText.h"
 #include "studio/ScreenComposite.h"
 #include "studio/peers/UserActionGuard.h"
+#include "vbide/VBComponent.h"
+#include "vbide/VBForm.h"
 
 namespace studio {
 
@@ -133,6 +137,22 @@ void Type(QWidget& widget, int key, const QString& text = {}) {
   QApplication::sendEvent(&widget, &release);
 }
 
+// The first form whose designer holds a control array, else the first with any control.
+vbide::VBComponentPtr FormToPicture(host::Ide& ide) {
+  vbide::VBComponentPtr withControls;
+  for (auto& project : ide.ProjectList()->List()) {
+    for (auto& component : project->VBComponents()->Items()) {
+      auto designer = component->Designer();
+      if (!designer) continue;
+      for (auto& control : designer->VBControls()->Items()) {
+        if (!withControls) withControls = component;
+        if (control->Index() >= 0) return component;
+      }
+    }
+  }
+  return withControls;
+}
+
 }  // namespace
 
 bool Studio::SearchThroughToolbar(const QString& text) {
@@ -167,7 +187,15 @@ bool Studio::OpenAddInWindow(const QString& name) {
     return action != nullptr;
   };
   if (name == u"docResults") return connect->ShowResults(), true;
-  if (name == u"docListView") return connect->ShowListView(), true;
+  if (name == u"docListView") {
+    // Pictured as a user sees it at work: the designer of a form with controls (one with a
+    // control array when there is one) open and selected in the Project window.
+    if (auto form = FormToPicture(*desk_->ide)) {
+      form->Activate();
+      desk_->ide->SelectComponent(form);
+    }
+    return click(QStringLiteral("Component Viewer"));
+  }
   if (name == u"frmSearch") {
     bool show = true;
     connect->ShowSearch(show);

@@ -32,7 +32,7 @@ constexpr std::u16string_view kPopupCaptions[] = {u"&Method", u"&Property", u"&C
                                                   u"&Variable", u"&Event"};
 constexpr float kMargin = 30;
 constexpr int kMembersPerPump = 20;
-constexpr int kManualLabelEdit = 1;
+constexpr int kAutomaticLabelEdit = 0;
 
 }  // namespace
 
@@ -52,7 +52,7 @@ docListView::docListView(vb::Runtime& runtime)
   lvwExplorer.SetView(3);            // report
   lvwExplorer.SetMultiSelect(true);  // Select acts on every selected row
   lvwExplorer.SetHideSelection(false);
-  lvwExplorer.SetLabelEdit(kManualLabelEdit);
+  lvwExplorer.SetLabelEdit(kAutomaticLabelEdit);  // a slow click on a row edits it, gated
   lvwExplorer.SetSmallIcons(&ImageList1);
   lvwExplorer.Click = [this] { lvwExplorer_Click(); };
   lvwExplorer.DblClick = [this] { lvwExplorer_DblClick(); };
