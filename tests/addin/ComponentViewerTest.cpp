@@ -8,6 +8,7 @@
 
 #include "addin/Connect.h"
 #include "newmember/frmNewMember.h"
+#include "runtime/CodePage.h"
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
 #include "runtime/VbConstants.h"
@@ -441,3 +442,44 @@ TEST_F(ComponentViewer, LayoutKeepsItsMarginsAndSurvivesATinyWindow) {
 }
 
 }  // namespace
+
+// A Japanese form in cp932: a control array with a Japanese name is listed, renamed in the
+// designer and in its code, and saved with every other byte as it was.
+TEST(ComponentViewerCp932, AJapaneseControlArrayIsListedRenamedAndSavedInItsCodePage) {
+  const vb::CodePage& sjis = *vb::CodePage::Find(932);
+  const std::u16string form =
+      u"VERSION 5.00\r\nBegin VB.Form 表紙 \r\n   Caption         =   \"辞書\"\r\n"
+      u"   Begin VB.Label 見出し \r\n      Caption         =   \"名前\"\r\n      Index           = "
+      u"  1\r\n"
+      u"   End\r\n   Begin VB.Label 見出し \r\n      Caption         =   \"読み\"\r\n"
+      u"      Index           =   0\r\n   End\r\nEnd\r\nAttribute VB_Name = \"表紙\"\r\n"
+      u"' 見出しの表示\r\nPrivate Sub 見出し_Click(Index As Integer)\r\n"
+      u"    見出し(Index).Caption = \"見出し\"\r\nEnd Sub\r\n";
+  qmtest::TempFolder folder;
+  folder.Write("辞書.vbp", sjis.Encode(u"Type=Exe\r\nForm=表紙.frm\r\nName=\"辞書\"\r\n"));
+  folder.Write("表紙.frm", sjis.Encode(form));
+  qmtest::AddinWorld world;
+  world.ide->SetCodePage(932);
+  ASSERT_TRUE(world.ide->Open(folder.Path() / "辞書.vbp").empty());
+  world.ConnectLater();
+  world.Addin()->Menu_ListView_Click();
+  auto component = world.ide->VBProjects()->Item(1)->VBComponents()->Item(u"表紙");
+  world.ide->SelectComponent(component);
+  auto& viewer = *world.Main().gdocListView;
+  auto& items = viewer.lvwExplorer.ListItems();
+  ASSERT_EQ(items.Count(), 2);
+  EXPECT_EQ(items(1).Key(), u"C||見出し||1");
+  EXPECT_EQ(items(2).Text(), u"見出し (0)");
+
+  vb::UserActions user(viewer);
+  user.SelectRows(u"lvwExplorer", {2});  // brings element 0 to the front: it is already there
+  user.Click(u"mnuPopupRename");
+  user.CommitLabel(u"lvwExplorer", u"表題");
+  world.ide->SaveAll();
+  // The first element in designer order takes the name; the procedure follows; the indexed use
+  // and the quoted text keep theirs.
+  std::u16string expected = form;
+  expected.replace(expected.find(u"Label 見出し"), 9, u"Label 表題");
+  expected.replace(expected.find(u"Sub 見出し_"), 8, u"Sub 表題_");
+  EXPECT_EQ(qmtest::TempFolder::Read(folder.Path() / "表紙.frm"), sjis.Encode(expected));
+}
