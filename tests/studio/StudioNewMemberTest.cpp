@@ -10,7 +10,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <QToolBar>
-#include <cctype>
 
 #include "host/CodeModule.h"
 #include "host/Component.h"
@@ -50,12 +49,10 @@ class StudioNewMember : public StudioTest {
   }
 };
 
-// Letters as a keyboard sends them: a capital comes with Shift held.
+// Letters whose case the key event's text carries, with no Shift held: what Caps Lock or an
+// input method sends. The typed name once came out in lower case.
 void TypeKeys(QWidget* widget, const char* text) {
-  for (const char* c = text; *c; ++c)
-    QTest::keyClick(
-        widget, *c,
-        std::isupper(static_cast<unsigned char>(*c)) ? Qt::ShiftModifier : Qt::NoModifier);
+  QTest::keyClicks(widget, QString::fromLatin1(text));
 }
 
 // The captions of the visible buttons, boxes and labels that their widgets cut off.

@@ -123,7 +123,7 @@ bool FormBase::PressDefaultOrCancel(int keyCode) {
   return false;
 }
 
-void FormBase::UserKey(int keyCode, int shift) {
+void FormBase::UserKey(int keyCode, int shift, char16_t typed) {
   Dispatch([&] {
     if (shift == 0 && (keyCode == vbKeyReturn || keyCode == vbKeyEscape) &&
         PressDefaultOrCancel(keyCode)) {
@@ -136,6 +136,7 @@ void FormBase::UserKey(int keyCode, int shift) {
     if (code != 0 && target && IsLoaded()) Raise(target->KeyDown, code, shift);
     // As in VB, zeroing the key code in KeyDown does not stop the character: only KeyPress can.
     int ascii = CharacterOf(keyCode, shift);
+    if (ascii != 0 && typed != 0) ascii = typed;
     if (ascii != 0 && IsLoaded()) {
       if (formSees) OnKeyPress(ascii);
       if (ascii != 0 && target && activeControl_ == target) {

@@ -53,7 +53,9 @@ class FormBase {
   // Escape the cancel button; otherwise KeyDown, KeyPress (for keys that type a character) and
   // KeyUp go to the form first when KeyPreview is on, then to the focused control (or to the
   // form when no control has the focus). A handler that zeroes the code or character stops it.
-  void UserKey(int keyCode, int shift = 0);
+  // `typed` is the character the keyboard produced when the toolkit knows it (Caps Lock makes
+  // "A" of an unshifted A key); without it the character follows from the key and Shift.
+  void UserKey(int keyCode, int shift = 0, char16_t typed = 0);
 
   // PopupMenu: a peer shows it; headless, the menu is recorded and the script clicks an item.
   void PopupMenu(Menu& menu, float x = 0, float y = 0);

@@ -87,7 +87,10 @@ bool FormWindowPeer::RouteKey(WidgetPeer* peer, QObject* watched, QEvent* event)
   QPointer<QObject> target = watched;
   vb::FormBase& object = object_;
   std::weak_ptr<int> alive = alive_;
-  UserAction([&] { object.UserKey(key.keyCode, key.shift); });
+  // The character as the keyboard made it: Caps Lock and layouts decide a letter's case.
+  QString text = keyEvent->text();
+  char16_t character = text.size() == 1 && text[0].isLetter() ? text[0].unicode() : 0;
+  UserAction([&] { object.UserKey(key.keyCode, key.shift, character); });
   if (alive.expired()) return true;
   // The key may have unloaded the control's array element: look its peer up again.
   if (control) {
