@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "addin/Connect.h"
+#include "host/Window.h"
 #include "newmember/frmNewMember.h"
 #include "runtime/CodePage.h"
 #include "runtime/UserActions.h"
@@ -228,6 +229,12 @@ TEST_F(ComponentViewer, FollowsTheIdesSelectionAndRefreshesOnControlEventsOnlyWh
   EXPECT_EQ(Listed(), members) << "a control event does not rebuild a member view";
   User().PressKey(u"lvwExplorer", 116);  // F5
   EXPECT_NE(Listed(), members);
+  world.ide->Immediate()->SetFocus();
+  User().PressKey(u"lvwExplorer", 'F', 4);  // Alt+F opens the IDE's File menu
+  auto mainFrame = static_cast<vb::Hwnd>(world.ide->MainWindow()->HWnd());
+  ASSERT_FALSE(world.runtime->Windows().PostedMessages().empty());
+  EXPECT_EQ(world.runtime->Windows().PostedMessages().back(),
+            (vb::PostedMessage{mainFrame, 260, 'F', 0x20000000}));
   Show(u"(Controls)");
   text1->SetProperty(u"Name", u"txtOrder");
   EXPECT_EQ(Listed()[0], "C||txtOrder||-1|txtOrder|Control");
