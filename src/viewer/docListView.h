@@ -100,7 +100,7 @@ class docListView final : public vb::UserDocument {
   void mnuPopupDelete_Click();
   void mnuPopupSelect_Click();
   void lvwExplorer_AfterLabelEdit(int& cancel, std::u16string& newString);
-  bool RenameMember(std::u16string_view oldName, int type, std::u16string_view newName);
+  bool RenameMember(std::u16string_view oldName, std::u16string_view newName);
   void RenameControl(std::u16string_view oldName, int index, std::u16string_view newName);
   void DeleteMember(std::u16string_view name);
   void DeleteControl(std::u16string_view name, int index, bool withCode);

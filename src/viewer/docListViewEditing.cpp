@@ -87,14 +87,14 @@ void docListView::lvwExplorer_AfterLabelEdit(int& cancel, std::u16string& newStr
   if (key.empty() || newString.empty() || newString.find(u' ') != std::u16string::npos) return;
   RowKey row = RowKey::Parse(key);
   if (row.tag == RowKey::Tag::Member) {
-    if (RenameMember(row.name, row.number, newString)) cancel = 0;
+    if (RenameMember(row.name, newString)) cancel = 0;
   } else if (row.tag == RowKey::Tag::Control) {
     RenameControl(row.name, row.number, newString);
     cancel = 0;
   }
 }
 
-bool docListView::RenameMember(std::u16string_view oldName, int, std::u16string_view newName) {
+bool docListView::RenameMember(std::u16string_view oldName, std::u16string_view newName) {
   vbide::CodeModulePtr code;
   ResumeNext([&] { code = SelectedCode(); });
   if (!code) return false;
