@@ -20,6 +20,9 @@ int SearchCommand(const std::vector<std::string>& argv, Streams io);
 int ReplaceCommand(const std::vector<std::string>& argv, Streams io);
 int AddMemberCommand(const std::vector<std::string>& argv, Streams io);
 int OptionsCommand(const std::vector<std::string>& argv, Streams io);
+int MembersCommand(const std::vector<std::string>& argv, Streams io);
+int RenameCommand(const std::vector<std::string>& argv, Streams io);
+int DeleteCommand(const std::vector<std::string>& argv, Streams io);
 
 // Runs quillmark with `argv` (without the program name).
 int Run(const std::vector<std::string>& argv, Streams io);

@@ -31,6 +31,15 @@ constexpr const char* kUsage =
     "                            set the Options dialog's values and press OK (exit 1 when it\n"
     "                            refuses them); with no option, print what it shows. TEXT is\n"
     "                            the stored form: Code,1|Project,1|Module,1|Procedure,1|Line,0\n"
+    "  members FILE --component PROJECT/MODULE [--view TEXT]\n"
+    "                            the Component Viewer's rows (key, text, icon) for a view\n"
+    "                            caption or a filter (default (Controls)); --json\n"
+    "  rename FILE --component PROJECT/MODULE (--member NAME | --control NAME) --to NEW\n"
+    "                            rename through the Component Viewer and save the changed files\n"
+    "  delete FILE --component PROJECT/MODULE (--member NAME |\n"
+    "         --control NAME[(INDEX)] (--with-code | --keep-code))\n"
+    "                            delete through the Component Viewer (--with-code also deletes\n"
+    "                            the control's event procedures) and save the changed files\n"
     "\n"
     "search and replace options:\n"
     "  --match-case, --whole-word, --exclude-comments   the search dialog's options\n"
@@ -50,6 +59,9 @@ constexpr const char* kUsage =
     "  --local NAME, --local-type TYPE        the property's module variable\n"
     "  --type TYPE, --public, --private       the constant's type and scope\n"
     "  --dry-run                              show the new lines, save nothing\n"
+    "\n"
+    "rename and delete options:\n"
+    "  --dry-run                 show the changed and removed lines, save nothing\n"
     "\n"
     "options:\n"
     "  --codepage N              code page of the files (default 1252)\n"
@@ -78,6 +90,9 @@ int Run(const std::vector<std::string>& argv, Streams raw) {
     if (argv[0] == "replace") return ReplaceCommand(rest, io);
     if (argv[0] == "add-member") return AddMemberCommand(rest, io);
     if (argv[0] == "options") return OptionsCommand(rest, io);
+    if (argv[0] == "members") return MembersCommand(rest, io);
+    if (argv[0] == "rename") return RenameCommand(rest, io);
+    if (argv[0] == "delete") return DeleteCommand(rest, io);
     throw UsageError("unknown command '" + argv[0] + "'");
   } catch (const UsageError& e) {
     io.err << "quillmark: " << e.what() << "\n\n" << kUsage;
