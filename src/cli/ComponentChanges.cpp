@@ -18,6 +18,11 @@ std::string Utf8(std::u16string_view text) {
   return vb::ToUtf8(text);
 }
 
+bool IsBlankOrComment(std::u16string_view line) {
+  auto first = line.find_first_not_of(u" \t");
+  return first == std::u16string_view::npos || line[first] == u'\'';
+}
+
 }  // namespace
 
 ComponentChanges::ComponentChanges(vbide::VBComponentPtr component, std::string label)
@@ -95,12 +100,30 @@ void ComponentChanges::PrintLines(std::ostream& out, Counts& counts) const {
   while (tail < before.size() - head && tail < after.size() - head &&
          before[before.size() - 1 - tail] == after[after.size() - 1 - tail])
     ++tail;
+  std::vector<bool> gone(before.size(), false);
   std::size_t next = head;
   for (std::size_t i = head; i < before.size() - tail; ++i) {
-    if (next < after.size() - tail && before[i] == after[next]) {
+    if (next < after.size() - tail && before[i] == after[next])
       ++next;
-      continue;
+    else
+      gone[i] = true;
+  }
+  // A run of removed lines that could as well start higher, as the blank or comment line above
+  // it equals its last line, is moved up: such lines above a procedure belong to it.
+  for (std::size_t end = before.size(); end-- > 0;) {
+    if (!gone[end] || (end + 1 < before.size() && gone[end + 1])) continue;
+    std::size_t start = end;
+    while (start > 0 && gone[start - 1]) --start;
+    for (std::size_t last = end;
+         start > 0 && !gone[start - 1] && before[start - 1] == before[last] &&
+         IsBlankOrComment(before[last]);
+         --last) {
+      gone[--start] = true;
+      gone[last] = false;
     }
+  }
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (!gone[i]) continue;
     out << line(i) << Utf8(before[i]) << "\n";
     ++counts.removed;
   }

@@ -29,13 +29,15 @@ const std::string kFrm =
     "Attribute VB_Name = \"frmOrder\"\r\n"
     "Option Explicit\r\n"                              // 1
     "Private mCount As Long\r\n"                       // 2
-    "Public Sub DoIt()\r\n"                            // 3
-    "End Sub\r\n"                                      // 4
-    "Private Sub Text1_Change()\r\n"                   // 5
-    "    Text1.Text = \"Text1\"\r\n"                   // 6
-    "End Sub\r\n"                                      // 7
-    "Private Sub Option1_Click(Index As Integer)\r\n"  // 8
-    "End Sub\r\n";                                     // 9
+    "\r\n"                                             // 3
+    "Public Sub DoIt()\r\n"                            // 4
+    "End Sub\r\n"                                      // 5
+    "\r\n"                                             // 6
+    "Private Sub Text1_Change()\r\n"                   // 7
+    "    Text1.Text = \"Text1\"\r\n"                   // 8
+    "End Sub\r\n"                                      // 9
+    "Private Sub Option1_Click(Index As Integer)\r\n"  // 10
+    "End Sub\r\n";                                     // 11
 const std::string kMain =
     "Attribute VB_Name = \"modMain\"\r\nSub Main()\r\n    Text1 = 1\r\nEnd Sub\r\n";
 
@@ -153,7 +155,7 @@ TEST_F(ViewerCommands, RenameRewritesOnlyWhatTheViewerChangesAndDryRunSavesNothi
   auto r = Run("rename", {"--member", "doit", "--to", "DoThat", "--dry-run"});
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.out,
-            "Orders/frmOrder:3\tPublic Sub DoIt()\tPublic Sub DoThat()\n"
+            "Orders/frmOrder:4\tPublic Sub DoIt()\tPublic Sub DoThat()\n"
             "1 line(s) changed (dry run, nothing saved)\n");
   EXPECT_EQ(OnDisk(), before);
 
@@ -161,8 +163,8 @@ TEST_F(ViewerCommands, RenameRewritesOnlyWhatTheViewerChangesAndDryRunSavesNothi
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(r.out,
             "Orders/frmOrder: control Text1 renamed txtName\n"
-            "Orders/frmOrder:5\tPrivate Sub Text1_Change()\tPrivate Sub txtName_Change()\n"
-            "Orders/frmOrder:6\t    Text1.Text = \"Text1\"\t    txtName.Text = \"Text1\"\n"
+            "Orders/frmOrder:7\tPrivate Sub Text1_Change()\tPrivate Sub txtName_Change()\n"
+            "Orders/frmOrder:8\t    Text1.Text = \"Text1\"\t    txtName.Text = \"Text1\"\n"
             "2 line(s) changed\n" +
                 Saved());
   Files expected = before;
@@ -215,15 +217,17 @@ TEST_F(ViewerCommands, DeleteAnswersTheQuestionFromTheOptions) {
       // An element takes the procedures the whole array shares.
       {{"--control", "option1(1)", "--with-code"},
        "Orders/frmOrder: control Option1(1) removed\n"
-       "Orders/frmOrder:8\tPrivate Sub Option1_Click(Index As Integer)\n"
-       "Orders/frmOrder:9\tEnd Sub\n1 control(s) and 2 line(s) removed\n",
+       "Orders/frmOrder:10\tPrivate Sub Option1_Click(Index As Integer)\n"
+       "Orders/frmOrder:11\tEnd Sub\n1 control(s) and 2 line(s) removed\n",
        Replaced(kFrm, {{option1Block, ""}, {clickProcedure, ""}})},
+      // The blank line above a procedure goes with it (the one below is the next one's).
       {{"--member", "DoIt"},
-       "Orders/frmOrder:3\tPublic Sub DoIt()\nOrders/frmOrder:4\tEnd Sub\n2 line(s) removed\n",
-       Replaced(kFrm, {{"Public Sub DoIt()\r\nEnd Sub\r\n", ""}})},
+       "Orders/frmOrder:3\t\nOrders/frmOrder:4\tPublic Sub DoIt()\nOrders/frmOrder:5\tEnd Sub\n"
+       "3 line(s) removed\n",
+       Replaced(kFrm, {{"\r\nPublic Sub DoIt()\r\nEnd Sub\r\n", ""}})},
       {{"--member", "DoIt", "--dry-run"},
-       "Orders/frmOrder:3\tPublic Sub DoIt()\nOrders/frmOrder:4\tEnd Sub\n"
-       "2 line(s) removed (dry run, nothing saved)\n",
+       "Orders/frmOrder:3\t\nOrders/frmOrder:4\tPublic Sub DoIt()\nOrders/frmOrder:5\tEnd Sub\n"
+       "3 line(s) removed (dry run, nothing saved)\n",
        ""},
   };
   for (auto& c : cases) {
