@@ -51,6 +51,9 @@ void Rename(ViewerSession& session, const Args& args, const std::u16string& newN
     throw Refused("--control " + target.name +
                   ": an element of a control array; the Component Viewer renames the first "
                   "control of the name, which would split the array");
+  constexpr std::size_t kLongestControlName = 40;
+  if (target.control && newName.size() > kLongestControlName)
+    throw Refused("--to '" + vb::ToUtf8(newName) + "': a control's name has at most 40 characters");
   if (!viewerRefuses) RefuseTakenName(session, row, newName);
 
   ComponentChanges changes(session.Component(), session.Label());

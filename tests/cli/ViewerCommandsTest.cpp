@@ -185,6 +185,7 @@ TEST_F(ViewerCommands, RefusedRenamesExitWithOneAndSaveNothing) {
       {{"--control", "Text1", "--to", "Text 2"}, "a name cannot hold a space"},
       {{"--control", "Text1", "--to", "2Text"}, "'2Text' is not a name"},
       {{"--control", "Text1", "--to", "txt-Name"}, "'txt-Name' is not a name"},
+      {{"--control", "Text1", "--to", std::string(41, 'x')}, "at most 40 characters"},
       {{"--control", "Text1", "--to", "option1"}, "already has a control of that name"},
       {{"--member", "DoIt", "--to", "mCount"}, "already has a member of that name"},
       {{"--member", "mCount", "--to", "mTotal"}, "renames a variable or constant in its list only"},
