@@ -96,6 +96,13 @@ std::string Replaced(std::string text,
   return text;
 }
 
+// A command run on a fresh copy of the project: what it prints, and the form file it leaves.
+struct EditCase {
+  std::vector<std::string> args;
+  std::string out;  // without the "saved" line
+  std::string frm;  // empty: nothing saved
+};
+
 class ViewerCommands : public ::testing::Test {
  protected:
   ViewerCommands() { WriteProject(kFrm, kMain); }
@@ -120,7 +127,17 @@ class ViewerCommands : public ::testing::Test {
         files[entry.path().filename().string()] = qmtest::TempFolder::Read(entry.path());
     return files;
   }
-  std::string Saved() { return "saved " + (temp.Path() / "frmOrder.frm").string() + "\n"; }
+  // Only the form file changes, and only when the case says so.
+  void Expect(const std::string& command, const EditCase& c) {
+    WriteProject(kFrm, kMain);
+    Files expected = OnDisk();
+    if (!c.frm.empty()) expected["frmOrder.frm"] = c.frm;
+    auto r = Run(command, c.args);
+    EXPECT_EQ(r.status, 0) << r.err;
+    std::string saved = "saved " + (temp.Path() / "frmOrder.frm").string() + "\n";
+    EXPECT_EQ(r.out, c.out + (c.frm.empty() ? "" : saved));
+    EXPECT_EQ(OnDisk(), expected);
+  }
   qmtest::TempFolder temp;
 };
 
@@ -151,33 +168,39 @@ TEST_F(ViewerCommands, MembersPrintsTheRowsOfEachViewOrFilter) {
 }
 
 TEST_F(ViewerCommands, RenameRewritesOnlyWhatTheViewerChangesAndDryRunSavesNothing) {
-  Files before = OnDisk();
-  auto r = Run("rename", {"--member", "doit", "--to", "DoThat", "--dry-run"});
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.out,
-            "Orders/frmOrder:4\tPublic Sub DoIt()\tPublic Sub DoThat()\n"
-            "1 line(s) changed (dry run, nothing saved)\n");
-  EXPECT_EQ(OnDisk(), before);
-
-  r = Run("rename", {"--control", "Text1", "--to", "txtName"});
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(r.out,
-            "Orders/frmOrder: control Text1 renamed txtName\n"
-            "Orders/frmOrder:7\tPrivate Sub Text1_Change()\tPrivate Sub txtName_Change()\n"
-            "Orders/frmOrder:8\t    Text1.Text = \"Text1\"\t    txtName.Text = \"Text1\"\n"
-            "2 line(s) changed\n" +
-                Saved());
-  Files expected = before;
-  expected["frmOrder.frm"] = Replaced(kFrm, {{"TextBox Text1", "TextBox txtName"},
-                                             {"Sub Text1_Change", "Sub txtName_Change"},
-                                             {"    Text1.Text", "    txtName.Text"}});
-  EXPECT_EQ(OnDisk(), expected) << "modMain's Text1 and the project file stay";
+  const std::string memberLines = "Orders/frmOrder:4\tPublic Sub DoIt()\tPublic Sub DoThat()\n";
+  const std::string controlLines =
+      "Orders/frmOrder: control Text1 renamed txtName\n"
+      "Orders/frmOrder:7\tPrivate Sub Text1_Change()\tPrivate Sub txtName_Change()\n"
+      "Orders/frmOrder:8\t    Text1.Text = \"Text1\"\t    txtName.Text = \"Text1\"\n";
+  // modMain's Text1 and the project file stay; so does the quoted "Text1".
+  const std::string renamedControl = Replaced(kFrm, {{"TextBox Text1", "TextBox txtName"},
+                                                     {"Sub Text1_Change", "Sub txtName_Change"},
+                                                     {"    Text1.Text", "    txtName.Text"}});
+  EditCase cases[] = {
+      {{"--member", "doit", "--to", "DoThat", "--dry-run"},
+       memberLines + "1 line(s) changed (dry run, nothing saved)\n",
+       ""},
+      {{"--member", "DoIt", "--to", "DoThat"},
+       memberLines + "1 line(s) changed\n",
+       Replaced(kFrm, {{"Sub DoIt", "Sub DoThat"}})},
+      {{"--control", "text1", "--to", "txtName", "--dry-run"},
+       controlLines + "2 line(s) changed (dry run, nothing saved)\n",
+       ""},
+      {{"--control", "Text1", "--to", "txtName"},
+       controlLines + "2 line(s) changed\n",
+       renamedControl},
+  };
+  for (auto& c : cases) {
+    SCOPED_TRACE(c.args[1]);
+    Expect("rename", c);
+  }
 }
 
-TEST_F(ViewerCommands, RefusedRenamesExitWithOneAndSaveNothing) {
+TEST_F(ViewerCommands, RefusedEditsExitWithOneAndSaveNothing) {
   Files before = OnDisk();
   struct Case {
-    std::vector<std::string> args;
+    std::vector<std::string> args;  // rename's, unless they start with "delete"
     std::string message;
   } cases[] = {
       {{"--member", "DoIt", "--to", ""}, "a name cannot be empty"},
@@ -193,9 +216,13 @@ TEST_F(ViewerCommands, RefusedRenamesExitWithOneAndSaveNothing) {
       {{"--control", "Option1", "--to", "optPay"}, "a control array; name one element"},
       {{"--control", "Option1(7)", "--to", "optPay"}, "has no control of that name"},
       {{"--member", "Nothing", "--to", "Some"}, "--member Nothing: Orders/frmOrder has no member"},
+      // A variable is no procedure: the viewer deletes nothing.
+      {{"delete", "--member", "mCount"}, "deletes a Sub or Function only"},
+      {{"delete", "--control", "Option1", "--keep-code"}, "a control array; name one element"},
   };
   for (auto& c : cases) {
-    auto r = Run("rename", c.args);
+    bool del = c.args[0] == "delete";
+    auto r = Run(del ? "delete" : "rename", {c.args.begin() + (del ? 1 : 0), c.args.end()});
     EXPECT_EQ(r.status, 1) << c.message;
     EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
     EXPECT_NE(r.err.find("nothing was saved"), std::string::npos) << r.err;
@@ -207,11 +234,7 @@ TEST_F(ViewerCommands, DeleteAnswersTheQuestionFromTheOptions) {
   std::string option1Block =
       "   Begin VB.OptionButton Option1 \r\n      Index           =   1\r\n   End\r\n";
   std::string clickProcedure = "Private Sub Option1_Click(Index As Integer)\r\nEnd Sub\r\n";
-  struct Case {
-    std::vector<std::string> args;
-    std::string out;
-    std::string frm;  // empty: unchanged
-  } cases[] = {
+  EditCase cases[] = {
       {{"--control", "Option1(1)", "--keep-code"},
        "Orders/frmOrder: control Option1(1) removed\n1 control(s) and 0 line(s) removed\n",
        Replaced(kFrm, {{option1Block, ""}})},
@@ -232,18 +255,9 @@ TEST_F(ViewerCommands, DeleteAnswersTheQuestionFromTheOptions) {
        ""},
   };
   for (auto& c : cases) {
-    WriteProject(kFrm, kMain);
-    Files expected = OnDisk();
-    if (!c.frm.empty()) expected["frmOrder.frm"] = c.frm;
-    auto r = Run("delete", c.args);
-    EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, c.out + (c.frm.empty() ? "" : Saved()));
-    EXPECT_EQ(OnDisk(), expected) << c.args[1];
+    SCOPED_TRACE(c.args[1]);
+    Expect("delete", c);
   }
-  // A variable is no procedure: the viewer deletes nothing, and says so.
-  auto r = Run("delete", {"--member", "mCount"});
-  EXPECT_EQ(r.status, 1);
-  EXPECT_NE(r.err.find("deletes a Sub or Function only"), std::string::npos) << r.err;
 }
 
 TEST_F(ViewerCommands, AShiftJisFormKeepsItsJapaneseBytes) {
