@@ -228,6 +228,16 @@ TEST_F(ViewerCommands, RefusedEditsExitWithOneAndSaveNothing) {
     EXPECT_NE(r.err.find("nothing was saved"), std::string::npos) << r.err;
     EXPECT_EQ(OnDisk(), before) << c.message;
   }
+  // A form file that cannot be written is named, and stays as it was.
+  std::filesystem::permissions(temp.Path() / "frmOrder.frm",
+                               std::filesystem::perms::owner_write |
+                                   std::filesystem::perms::group_write |
+                                   std::filesystem::perms::others_write,
+                               std::filesystem::perm_options::remove);
+  auto r = Run("rename", {"--member", "DoIt", "--to", "DoThat"});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find((temp.Path() / "frmOrder.frm").string()), std::string::npos) << r.err;
+  EXPECT_EQ(OnDisk(), before);
 }
 
 TEST_F(ViewerCommands, DeleteAnswersTheQuestionFromTheOptions) {
