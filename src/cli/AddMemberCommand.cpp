@@ -241,23 +241,6 @@ Kind KindOf(const Args& args) {
   return kind;
 }
 
-vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& path) {
-  auto slash = path.find('/');
-  if (slash == std::string::npos)
-    throw UsageError("--component needs PROJECT/MODULE, not '" + path + "'");
-  std::u16string project = vb::FromUtf8(path.substr(0, slash));
-  std::u16string module = vb::FromUtf8(path.substr(slash + 1));
-  for (auto& p : desk.ide->VBProjects()->Items()) {
-    if (!vb::EqualsText(p->Name(), project)) continue;
-    for (auto& c : p->VBComponents()->Items()) {
-      if (!vb::EqualsText(c->Name(), module)) continue;
-      if (!c->CodeModule()) throw UsageError("--component " + path + " has no code");
-      return c;
-    }
-  }
-  throw UsageError("--component " + path + ": no such project and module");
-}
-
 // Lines of `after` that are not in `before`, with their 1-based numbers. New lines only ever go
 // in before existing ones, so the two are matched from the end.
 std::vector<std::pair<int, std::u16string>> NewLines(const std::vector<std::u16string>& before,
@@ -307,6 +290,7 @@ int AddMemberCommand(const std::vector<std::string>& argv, Streams io) {
   auto desk = composition::MakeDesk(composition::ConfigFolder(args.Option("config-dir")), codePage);
   OpenInDesk(*desk, args.Positional()[0], io.err);
   auto component = FindComponent(*desk, *componentPath);
+  if (!component->CodeModule()) throw UsageError("--component " + *componentPath + " has no code");
   desk->ConnectAtStartup();
   if (!desk->Addin()) throw UsageError("the add-in did not connect");
   desk->runtime->MessageBoxService().ClearTranscript();

@@ -6,7 +6,6 @@
 #include "cli/Args.h"
 #include "cli/Commands.h"
 #include "cli/ComponentChanges.h"
-#include "cli/TourSteps.h"
 #include "cli/ViewerSession.h"
 #include "runtime/MessageBoxes.h"
 #include "runtime/VbConstants.h"
@@ -52,16 +51,7 @@ int DeleteCommand(const std::vector<std::string>& argv, Streams io) {
   if (args.Option("member") && (withCode || keepCode))
     throw UsageError("--with-code and --keep-code go with --control");
   ViewerSession session(args, io.err);
-  int problems = session.LoadProblems();
-  try {
-    Delete(session, args, io);
-  } catch (const Refused& e) {
-    io.err << "quillmark: " << e.what() << "\nquillmark: nothing was saved\n";
-    return 1;
-  }
-  if (!args.Flag("dry-run")) problems += SaveChanged(*session.GetDesk().ide, io.out, io.err);
-  problems += FinishAndReportSettings(session.GetDesk(), io.err);
-  return problems == 0 ? 0 : 1;
+  return session.EditAndSave(args, io.out, io.err, [&] { Delete(session, args, io); });
 }
 
 }  // namespace cli

@@ -6,7 +6,6 @@
 #include "cli/Args.h"
 #include "cli/Commands.h"
 #include "cli/ComponentChanges.h"
-#include "cli/TourSteps.h"
 #include "cli/ViewerSession.h"
 #include "runtime/CaseFold.h"
 #include "runtime/UserActions.h"
@@ -95,16 +94,8 @@ int RenameCommand(const std::vector<std::string>& argv, Streams io) {
   auto to = args.Option("to");
   if (!to) throw UsageError("rename needs --to NEW");
   ViewerSession session(args, io.err);
-  int problems = session.LoadProblems();
-  try {
-    Rename(session, args, vb::FromUtf8(*to), io);
-  } catch (const Refused& e) {
-    io.err << "quillmark: " << e.what() << "\nquillmark: nothing was saved\n";
-    return 1;
-  }
-  if (!args.Flag("dry-run")) problems += SaveChanged(*session.GetDesk().ide, io.out, io.err);
-  problems += FinishAndReportSettings(session.GetDesk(), io.err);
-  return problems == 0 ? 0 : 1;
+  return session.EditAndSave(args, io.out, io.err,
+                             [&] { Rename(session, args, vb::FromUtf8(*to), io); });
 }
 
 }  // namespace cli

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <optional>
 
+#include "cli/ComponentChanges.h"
+#include "cli/TourSteps.h"
 #include "cli/Workspace.h"
 #include "runtime/CaseFold.h"
 #include "runtime/CodePage.h"
@@ -19,20 +21,6 @@ namespace {
 
 constexpr int kEnter = 13;
 constexpr int kRightButton = 2;
-
-vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& path) {
-  auto slash = path.find('/');
-  if (slash == std::string::npos)
-    throw UsageError("--component needs PROJECT/MODULE, not '" + path + "'");
-  std::u16string project = vb::FromUtf8(path.substr(0, slash));
-  std::u16string module = vb::FromUtf8(path.substr(slash + 1));
-  for (auto& p : desk.ide->VBProjects()->Items()) {
-    if (!vb::EqualsText(p->Name(), project)) continue;
-    for (auto& c : p->VBComponents()->Items())
-      if (vb::EqualsText(c->Name(), module)) return c;
-  }
-  throw UsageError("--component " + path + ": no such project and module");
-}
 
 // "Text1" is (Text1, -1); "Option1(2)" is (Option1, 2).
 std::pair<std::u16string, int> ParseControl(const std::string& text) {
@@ -174,6 +162,20 @@ bool IsVbName(std::u16string_view name, int codePage, std::string& why) {
     return false;
   }
   return true;
+}
+
+int ViewerSession::EditAndSave(const Args& args, std::ostream& out, std::ostream& err,
+                               const std::function<void()>& edit) {
+  int problems = loadProblems_;
+  try {
+    edit();
+  } catch (const Refused& e) {
+    err << "quillmark: " << e.what() << "\nquillmark: nothing was saved\n";
+    return 1;
+  }
+  if (!args.Flag("dry-run")) problems += SaveChanged(*desk_->ide, out, err);
+  problems += FinishAndReportSettings(*desk_, err);
+  return problems == 0 ? 0 : 1;
 }
 
 }  // namespace cli

@@ -3,6 +3,7 @@
 // then driven through its controls as a user would.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <set>
@@ -58,6 +59,10 @@ class ViewerSession {
     bool control = false;
   };
   Target SelectTarget(const Args& args);
+  // Runs an edit the viewer makes, then saves what changed unless --dry-run. A Refused edit is
+  // printed with "nothing was saved". The command's exit status.
+  int EditAndSave(const Args& args, std::ostream& out, std::ostream& err,
+                  const std::function<void()>& edit);
 
  private:
   std::unique_ptr<composition::Desk> desk_;

@@ -3,7 +3,11 @@
 
 #include "cli/Args.h"
 #include "host/ComponentKinds.h"
+#include "runtime/CaseFold.h"
 #include "runtime/Utf.h"
+#include "vbide/VBComponent.h"
+#include "vbide/VBE.h"
+#include "vbide/VBProject.h"
 
 namespace cli {
 
@@ -55,6 +59,20 @@ std::string ProjectKindName(int type) {
     default:
       return "Standard EXE";
   }
+}
+
+vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& path) {
+  auto slash = path.find('/');
+  if (slash == std::string::npos)
+    throw UsageError("--component needs PROJECT/MODULE, not '" + path + "'");
+  std::u16string project = vb::FromUtf8(path.substr(0, slash));
+  std::u16string module = vb::FromUtf8(path.substr(slash + 1));
+  for (auto& p : desk.ide->VBProjects()->Items()) {
+    if (!vb::EqualsText(p->Name(), project)) continue;
+    for (auto& c : p->VBComponents()->Items())
+      if (vb::EqualsText(c->Name(), module)) return c;
+  }
+  throw UsageError("--component " + path + ": no such project and module");
 }
 
 }  // namespace cli

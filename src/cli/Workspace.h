@@ -8,6 +8,7 @@
 
 #include "composition/Composition.h"
 #include "host/Ide.h"
+#include "vbide/Fwd.h"
 
 namespace cli {
 
@@ -25,6 +26,10 @@ Workspace OpenWorkspace(const std::string& file, int codePage, std::ostream& err
 // Opens FILE in the desk's IDE, printing its problems as "file:line: message"; returns how many.
 // Throws UsageError for a file that is not a .vbg/.vbp that exists.
 int OpenInDesk(composition::Desk& desk, const std::string& file, std::ostream& err);
+
+// The component `path` names as PROJECT/MODULE, both ignoring case. Throws UsageError for a
+// path without "/" and for one that names no component.
+vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& path);
 
 // The kind of a component as the Project window names it ("Module", "Class", "Form" ...).
 std::string KindName(int componentType);
