@@ -10,6 +10,7 @@
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
 #include "support/TempFolder.h"
+#include "support/VbErrorOf.h"
 
 namespace {
 
@@ -24,16 +25,7 @@ std::vector<std::string> Entries(const fs::path& folder) {
   return names;
 }
 
-// Runs `write` and returns the error it raised (number 0 when it raised none).
-template <typename F>
-vb::Error ErrorOf(F write) {
-  try {
-    write();
-  } catch (const vb::Error& e) {
-    return e;
-  }
-  return vb::Error(0, u"");
-}
+using qmtest::ErrorOf;
 
 TEST(AtomicWriter, ReplacesTheFileKeepingItsPermissionsAndLeavesNoTemporary) {
   TempFolder scratch;

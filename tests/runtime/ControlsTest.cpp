@@ -1,6 +1,8 @@
 // Tab strips, status bars, menus, picture boxes, text boxes and the peer seam.
 #include <gtest/gtest.h>
 
+#include "RecordingPeer.h"
+
 #include "runtime/Error.h"
 #include "runtime/Runtime.h"
 #include "runtime/ScriptError.h"
@@ -13,6 +15,7 @@
 #include "runtime/forms/StatusBar.h"
 #include "runtime/forms/TabStrip.h"
 #include "runtime/forms/TextBox.h"
+#include "support/VbErrorOf.h"
 
 namespace {
 
@@ -20,31 +23,10 @@ class ControlsTest : public ::testing::Test {
  protected:
   std::shared_ptr<vb::Runtime> runtime = vb::Runtime::CreateHeadless();
   vb::Form form{*runtime, u"frmControls"};
-  int ErrorOf(const std::function<void()>& f) {
-    try {
-      f();
-    } catch (const vb::Error& e) {
-      return e.Number();
-    }
-    return 0;
-  }
 };
 
-// Records what a toolkit would be told.
-struct RecordingPeer : vb::FormPeer {
-  void Changed(vb::Property property) override {
-    log.push_back(std::string(vb::PropertyName(property)));
-  }
-  void RowsReset() override { log.push_back("reset"); }
-  void RowsInserted(int first, int count) override {
-    log.push_back("insert " + std::to_string(first) + "+" + std::to_string(count));
-  }
-  void RowsRemoved(int first, int count) override {
-    log.push_back("remove " + std::to_string(first) + "+" + std::to_string(count));
-  }
-  void RowChanged(int row) override { log.push_back("row " + std::to_string(row)); }
-  std::vector<std::string> log;
-};
+using qmtest::ErrorNumberOf;
+using vbtest::RecordingPeer;
 
 TEST_F(ControlsTest, SelectingATabTheStripLacksFailsAndKeepsTheSelection) {
   vb::TabStrip tabNew{form, u"tabNew"};
@@ -53,7 +35,7 @@ TEST_F(ControlsTest, SelectingATabTheStripLacksFailsAndKeepsTheSelection) {
   tabNew.Click = [&] { ++clicks; };
   EXPECT_EQ(tabNew.SelectedItem()->key, u"Method");  // the first tab starts selected
   tabNew.SetSelectedItem(tabNew.Tabs(u"constant"));
-  EXPECT_EQ(ErrorOf([&] { tabNew.SetSelectedItem(tabNew.Tabs(u"Variable")); }), 35601);
+  EXPECT_EQ(ErrorNumberOf([&] { tabNew.SetSelectedItem(tabNew.Tabs(u"Variable")); }), 35601);
   EXPECT_EQ(tabNew.SelectedItem()->index, 3);
   form.Show();
   vb::UserActions(form).SelectTab(u"tabNew", 2);
@@ -67,7 +49,7 @@ TEST_F(ControlsTest, StatusBarPanelsCountFromOne) {
   sbar.SetPanelText(1, u"Complete.");
   sbar.SetPanelText(2, u"12 Matching Line(s)");
   EXPECT_EQ(sbar.Panels(2).text, u"12 Matching Line(s)");
-  EXPECT_EQ(ErrorOf([&] { sbar.SetPanelText(3, u"x"); }), 35600);
+  EXPECT_EQ(ErrorNumberOf([&] { sbar.SetPanelText(3, u"x"); }), 35600);
 }
 
 TEST_F(ControlsTest, PopupMenusAreRecordedAndOnlyReachableItemsCanBeClicked) {
@@ -97,7 +79,7 @@ TEST_F(ControlsTest, PictureBoxesReportTheirInnerSizeAndResize) {
   pic.Move(60, 60);  // moving without resizing
   EXPECT_EQ(resizes, 1);
   EXPECT_EQ(pic.ScaleWidth(), 3940);
-  EXPECT_EQ(ErrorOf([&] { pic.Move(0, 0, -1, 100); }), 380);
+  EXPECT_EQ(ErrorNumberOf([&] { pic.Move(0, 0, -1, 100); }), 380);
   EXPECT_EQ(pic.Width(), 4000);
 }
 
@@ -135,9 +117,10 @@ TEST_F(ControlsTest, PeersHearOfPropertiesAndRowChanges) {
   lvw.SetSortKey(0);
   lvw.SetSorted(true);
   lvw.ListItems().Clear();
-  EXPECT_EQ(formPeer.log, (std::vector<std::string>{"Caption"}));
-  EXPECT_EQ(listPeer.log, (std::vector<std::string>{"insert 0+1", "insert 0+1", "row 1",
-                                                    "remove 0+1", "reset", "reset"}));
+  EXPECT_EQ(formPeer.calls, (std::vector<std::string>{"ControlAdded -1", "Caption"}));
+  EXPECT_EQ(listPeer.calls,
+            (std::vector<std::string>{"RowsInserted 0 1", "RowsInserted 0 1", "RowChanged 1",
+                                      "RowsRemoved 0 1", "RowsReset", "RowsReset"}));
 }
 
 }  // namespace

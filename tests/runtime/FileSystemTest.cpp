@@ -1,25 +1,16 @@
 // Files on disk and in memory: replacing, Kill and the VB error numbers of their failures.
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "support/TempFolder.h"
 #include "runtime/AppInfo.h"
 #include "runtime/Error.h"
 #include "runtime/FileSystem.h"
 #include "runtime/Utf.h"
+#include "support/TempFolder.h"
+#include "support/VbErrorOf.h"
 
 namespace {
 
-int ErrorNumberOf(const std::function<void()>& action, std::u16string* description = nullptr) {
-  try {
-    action();
-  } catch (const vb::Error& e) {
-    if (description) *description = e.Description();
-    return e.Number();
-  }
-  return 0;
-}
+using qmtest::ErrorNumberOf;
 
 class DiskFiles : public ::testing::Test {
  protected:
@@ -41,9 +32,9 @@ TEST_F(DiskFiles, KillRemovesTheFileAndAMissingOneIsFileNotFound) {
   folder_.Write("a.htm", "x");
   files_.Kill(PathOf("a.htm"));
   EXPECT_FALSE(files_.FileExists(PathOf("a.htm")));
-  std::u16string description;
-  EXPECT_EQ(ErrorNumberOf([&] { files_.Kill(PathOf("a.htm")); }, &description), 53);
-  EXPECT_NE(description.find(PathOf("a.htm")), std::u16string::npos) << vb::ToUtf8(description);
+  vb::Error e = qmtest::ErrorOf([&] { files_.Kill(PathOf("a.htm")); });
+  EXPECT_EQ(e.Number(), 53);
+  EXPECT_NE(e.Description().find(PathOf("a.htm")), std::u16string::npos);
 }
 
 TEST_F(DiskFiles, FailuresCarryVbNumbers) {

@@ -5,6 +5,7 @@
 
 #include "runtime/Error.h"
 #include "runtime/Resources.h"
+#include "support/VbErrorOf.h"
 
 namespace {
 
@@ -33,13 +34,9 @@ TEST(Resources, AMissingIdentifierRaises326NamingIt) {
        u"Resource with identifier 'NewMember' not found"},
   };
   for (const auto& [load, description] : cases) {
-    try {
-      load();
-      ADD_FAILURE() << "no error";
-    } catch (const vb::Error& e) {
-      EXPECT_EQ(e.Number(), 326);
-      EXPECT_EQ(e.Description(), description);
-    }
+    vb::Error e = qmtest::ErrorOf(load);
+    EXPECT_EQ(e.Number(), 326);
+    EXPECT_EQ(e.Description(), description);
   }
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "RecordingPeer.h"
+
 #include "runtime/Runtime.h"
 #include "runtime/forms/CommandButton.h"
 #include "runtime/forms/ControlArray.h"
@@ -16,24 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Writes every call it gets as one line.
-class RecordingPeer : public vb::FormPeer {
- public:
-  std::vector<std::string> calls;
-  void Changed(vb::Property property) override {
-    calls.push_back(std::string(vb::PropertyName(property)));
-  }
-  void RowsReset() override { calls.push_back("RowsReset"); }
-  void RowsInserted(int first, int count) override {
-    calls.push_back("RowsInserted " + std::to_string(first) + " " + std::to_string(count));
-  }
-  void ControlAdded(vb::Control& control) override {
-    calls.push_back("ControlAdded " + std::to_string(control.Index()));
-  }
-  void ControlRemoved(vb::Control& control) override {
-    calls.push_back("ControlRemoved " + std::to_string(control.Index()));
-  }
-};
+using vbtest::RecordingPeer;
 
 class ToolbarForm : public vb::Form {
  public:

@@ -31,10 +31,7 @@ TEST_F(WindowSystemTest, FindWindowMatchesTheWholeTitleOfATopLevelWindowOnly) {
       {u"", 0},
   };
   for (const auto& c : cases) EXPECT_EQ(windows.FindWindow(c.title), c.expected);
-}
-
-TEST_F(WindowSystemTest, FormsAreFoundByTheirCaption) {
-  vb::Form form(*runtime, u"frmSearch");
+  vb::Form form(*runtime, u"frmSearch");  // a form by its caption, not its name
   form.SetCaption(u"Visual Search and Replace");
   EXPECT_EQ(windows.FindWindow(u"Visual Search and Replace"), form.hWnd());
   EXPECT_EQ(windows.FindWindow(u"frmSearch"), 0);

@@ -4,6 +4,7 @@
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
 #include "runtime/Xpm.h"
+#include "support/VbErrorOf.h"
 
 namespace {
 
@@ -48,14 +49,10 @@ TEST(Xpm, BadInputRaisesInvalidPictureNamingTheSourceAndString) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    try {
-      vb::ParseXpm(c.strings, "bad.xpm");
-      ADD_FAILURE() << "accepted";
-    } catch (const vb::Error& e) {
-      EXPECT_EQ(e.Number(), 481);
-      EXPECT_NE(e.Description().find(c.expected), std::u16string::npos)
-          << vb::ToUtf8(e.Description());
-    }
+    vb::Error e = qmtest::ErrorOf([&] { vb::ParseXpm(c.strings, "bad.xpm"); });
+    EXPECT_EQ(e.Number(), 481);
+    EXPECT_NE(e.Description().find(c.expected), std::u16string::npos)
+        << vb::ToUtf8(e.Description());
   }
 }
 
