@@ -6,14 +6,14 @@
 #include "host/files/PathResolver.h"
 #include "runtime/Error.h"
 #include "runtime/Utf.h"
+#include "support/VbErrorOf.h"
 
 namespace host::files {
 namespace {
 
+using qmtest::TempFolder;
 using testing::Cp1252;
 using testing::Cp932;
-using testing::ScratchFolder;
-using testing::WriteBytes;
 
 struct ResolveCase {
   const char16_t* relative;
@@ -21,11 +21,11 @@ struct ResolveCase {
 };
 
 TEST(FilesResolvePath, MatchesEachSegmentIgnoringCaseAndFollowsDotDot) {
-  ScratchFolder scratch;
-  WriteBytes(scratch / "Proj/Forms/FrmMain.frm", "f");
-  WriteBytes(scratch / "Proj/Modules/util.BAS", "m");
-  WriteBytes(scratch / "Shared/Common.bas", "c");
-  WriteBytes(scratch / "Proj/\xC3\x84rger.bas", "u");  // UTF-8 name, as a Linux checkout has it
+  TempFolder scratch;
+  scratch.Write("Proj/Forms/FrmMain.frm", "f");
+  scratch.Write("Proj/Modules/util.BAS", "m");
+  scratch.Write("Shared/Common.bas", "c");
+  scratch.Write("Proj/\xC3\x84rger.bas", "u");  // UTF-8 name, as a Linux checkout has it
   std::vector<ResolveCase> cases = {
       {u"Forms\\FrmMain.frm", "Proj/Forms/FrmMain.frm"},
       {u"forms\\frmmain.FRM", "Proj/Forms/FrmMain.frm"},
@@ -53,10 +53,10 @@ TEST(FilesResolvePath, MatchesEachSegmentIgnoringCaseAndFollowsDotDot) {
 }
 
 TEST(FilesResolvePath, DoubleByteNamesAreFoundAsRawBytesOrAsUtf8) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   std::string raw = "\x83t\x83H\x81[\x83\x80.frm";  // cp932, as unpacked from a Windows archive
-  WriteBytes(scratch / raw, "r");
-  WriteBytes(scratch / "\xE6\x97\xA5\xE6\x9C\xAC.bas", "u");  // UTF-8
+  scratch.Write(raw, "r");
+  scratch.Write("\xE6\x97\xA5\xE6\x9C\xAC.bas", "u");  // UTF-8
   auto rawFound = ResolvePath(scratch.Path(), u"\u30D5\u30A9\u30FC\u30E0.FRM", Cp932());
   ASSERT_TRUE(rawFound);
   EXPECT_EQ(rawFound->filename().native(), raw);
@@ -66,23 +66,14 @@ TEST(FilesResolvePath, DoubleByteNamesAreFoundAsRawBytesOrAsUtf8) {
 }
 
 TEST(FilesReadBytes, ReadsEveryByteAndNamesMissingFiles) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   std::string bytes("a\0b\r\n\xFF", 6);
-  WriteBytes(scratch / "x.bin", bytes);
+  scratch.Write("x.bin", bytes);
   EXPECT_EQ(ReadFileBytes(scratch / "x.bin"), bytes);
-  try {
-    ReadFileBytes(scratch / "gone.bas");
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 53);
-    EXPECT_EQ(vb::ToUtf8(e.Description()), "File not found: " + (scratch / "gone.bas").string());
-  }
-  try {
-    ReadFileBytes(scratch.Path());
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 75);
-  }
+  vb::Error e = qmtest::ErrorOf([&] { ReadFileBytes(scratch / "gone.bas"); });
+  EXPECT_EQ(e.Number(), 53);
+  EXPECT_EQ(vb::ToUtf8(e.Description()), "File not found: " + (scratch / "gone.bas").string());
+  EXPECT_EQ(qmtest::ErrorNumberOf([&] { ReadFileBytes(scratch.Path()); }), 75);
 }
 
 }  // namespace

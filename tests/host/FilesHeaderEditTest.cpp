@@ -7,6 +7,7 @@
 #include "FilesTestSupport.h"
 #include "host/files/HeaderEdits.h"
 #include "runtime/Error.h"
+#include "support/VbErrorOf.h"
 
 namespace host::files {
 namespace {
@@ -171,12 +172,7 @@ TEST_F(FilesHeaderEdit, RefusedEditsRaiseError5AndChangeNothing) {
   };
   for (const RefusedEdit& refused : edits) {
     ModuleFile module = Load("form.frm", ModuleKind::Form);
-    try {
-      refused.edit(module);
-      ADD_FAILURE() << refused.what << ": no error";
-    } catch (const vb::Error& e) {
-      EXPECT_EQ(e.Number(), 5) << refused.what;
-    }
+    EXPECT_EQ(qmtest::ErrorNumberOf([&] { refused.edit(module); }), 5) << refused.what;
     EXPECT_EQ(WriteModule(module, Cp1252()), original) << refused.what;
   }
   ModuleFile cls = Load("class.cls", ModuleKind::Class);

@@ -6,36 +6,36 @@
 #include "host/files/FileIo.h"
 #include "host/files/ProjectLoader.h"
 #include "runtime/Error.h"
+#include "support/VbErrorOf.h"
 
 namespace host::files {
 namespace {
 
+using qmtest::TempFolder;
 using testing::Cp1252;
 using testing::Fixture;
-using testing::ScratchFolder;
-using testing::WriteBytes;
 
 // The fixture project laid out as a checkout would have it, with names in other cases than
 // the project file writes them.
-void LayOutProject(const ScratchFolder& scratch) {
-  WriteBytes(scratch / "Ledger/project.vbp", Fixture("project.vbp"));
-  WriteBytes(scratch / "Ledger/FRMMAIN.FRM", Fixture("form.frm"));
-  WriteBytes(scratch / "Ledger/frmMain.FRX", "binary");
-  WriteBytes(scratch / "Ledger/Standard.bas", Fixture("standard.bas"));
-  WriteBytes(scratch / "Ledger/classes/class.cls", Fixture("class.cls"));
-  WriteBytes(scratch / "Ledger/control.ctl", Fixture("control.ctl"));
-  WriteBytes(scratch / "Ledger/control.ctx", "binary");
-  WriteBytes(scratch / "Ledger/page.pag", Fixture("page.pag"));
-  WriteBytes(scratch / "Ledger/document.dob", Fixture("document.dob"));
-  WriteBytes(scratch / "Ledger/designer.dsr", Fixture("designer.dsr"));
-  WriteBytes(scratch / "Ledger/designer.DCA", "binary");
-  WriteBytes(scratch / "Ledger/designer.dsx", "binary");
-  WriteBytes(scratch / "Ledger/README.TXT", "notes");
-  WriteBytes(scratch / "Ledger/app.res", "res");
+void LayOutProject(const TempFolder& scratch) {
+  scratch.Write("Ledger/project.vbp", Fixture("project.vbp"));
+  scratch.Write("Ledger/FRMMAIN.FRM", Fixture("form.frm"));
+  scratch.Write("Ledger/frmMain.FRX", "binary");
+  scratch.Write("Ledger/Standard.bas", Fixture("standard.bas"));
+  scratch.Write("Ledger/classes/class.cls", Fixture("class.cls"));
+  scratch.Write("Ledger/control.ctl", Fixture("control.ctl"));
+  scratch.Write("Ledger/control.ctx", "binary");
+  scratch.Write("Ledger/page.pag", Fixture("page.pag"));
+  scratch.Write("Ledger/document.dob", Fixture("document.dob"));
+  scratch.Write("Ledger/designer.dsr", Fixture("designer.dsr"));
+  scratch.Write("Ledger/designer.DCA", "binary");
+  scratch.Write("Ledger/designer.dsx", "binary");
+  scratch.Write("Ledger/README.TXT", "notes");
+  scratch.Write("Ledger/app.res", "res");
 }
 
 TEST(FilesLoadProject, ReadsEveryListedFileAndWritesEachBackUnchanged) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   LayOutProject(scratch);
   Problems problems;
   LoadedProject loaded = LoadProject(scratch / "Ledger/project.vbp", Cp1252(), problems);
@@ -63,7 +63,7 @@ TEST(FilesLoadProject, ReadsEveryListedFileAndWritesEachBackUnchanged) {
 }
 
 TEST(FilesLoadProject, FindsTheBinaryCompanionsOfEachDesignerKind) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   LayOutProject(scratch);
   Problems problems;
   LoadedProject loaded = LoadProject(scratch / "Ledger/project.vbp", Cp1252(), problems);
@@ -80,11 +80,11 @@ TEST(FilesLoadProject, FindsTheBinaryCompanionsOfEachDesignerKind) {
 }
 
 TEST(FilesLoadProject, MissingFilesAreReportedAgainstTheirItemAndNothingElseIsLost) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   LayOutProject(scratch);
   std::filesystem::remove(scratch / "Ledger/page.pag");
   std::filesystem::remove(scratch / "Ledger/app.res");
-  WriteBytes(scratch / "Ledger/Standard.bas", Fixture("no_name.bas"));
+  scratch.Write("Ledger/Standard.bas", Fixture("no_name.bas"));
   auto vbp = scratch / "Ledger/project.vbp";
   Problems problems;
   LoadedProject loaded = LoadProject(vbp, Cp1252(), problems);
@@ -103,26 +103,21 @@ TEST(FilesLoadProject, MissingFilesAreReportedAgainstTheirItemAndNothingElseIsLo
 }
 
 TEST(FilesLoadProject, AMissingProjectFileRaisesFileNotFound) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   Problems problems;
-  try {
-    LoadProject(scratch / "none.vbp", Cp1252(), problems);
-    ADD_FAILURE() << "no error";
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 53);
-  }
+  EXPECT_EQ(qmtest::ErrorNumberOf([&] { LoadProject(scratch / "none.vbp", Cp1252(), problems); }),
+            53);
 }
 
 TEST(FilesLoadGroup, LoadsEachProjectInGroupOrderAndReportsMissingOnes) {
-  ScratchFolder scratch;
+  TempFolder scratch;
   LayOutProject(scratch);
-  WriteBytes(scratch / "Other/Other.vbp",
-             "Type=OleDll\r\nModule=modA; a.bas\r\nName=\"Other\"\r\n");
-  WriteBytes(scratch / "Other/A.BAS", "Attribute VB_Name = \"modA\"\r\nOption Explicit\r\n");
+  scratch.Write("Other/Other.vbp", "Type=OleDll\r\nModule=modA; a.bas\r\nName=\"Other\"\r\n");
+  scratch.Write("Other/A.BAS", "Attribute VB_Name = \"modA\"\r\nOption Explicit\r\n");
   std::string vbg =
       "VBGROUP 5.0\r\nProject=other\\other.vbp\r\nStartupProject=Ledger\\Project.vbp\r\n"
       "Project=Gone\\Gone.vbp\r\n";
-  WriteBytes(scratch / "all.vbg", vbg);
+  scratch.Write("all.vbg", vbg);
   Problems problems;
   LoadedGroup loaded = LoadGroup(scratch / "all.vbg", Cp1252(), problems);
   ASSERT_EQ(problems.size(), 1u);

@@ -5,6 +5,7 @@
 #include "host/files/GroupFile.h"
 #include "host/files/ProjectFile.h"
 #include "runtime/Error.h"
+#include "support/VbErrorOf.h"
 
 namespace host::files {
 namespace {
@@ -200,12 +201,7 @@ TEST_F(FilesProjectEdit, RefusedEditsRaiseError5AndChangeNothing) {
   EXPECT_THROW(SetItemName(project, 2, u"a;b", Cp1252()), vb::Error);
   EXPECT_THROW(SetProjectName(project, u"say \"hi\"", Cp1252()), vb::Error);
   EXPECT_THROW(AddItem(project, ItemKind::Form, u"", u"\u540D.frm", Cp1252()), vb::Error);
-  try {
-    RemoveItem(project, 13, Cp1252());
-    ADD_FAILURE();
-  } catch (const vb::Error& e) {
-    EXPECT_EQ(e.Number(), 5);
-  }
+  EXPECT_EQ(qmtest::ErrorNumberOf([&] { RemoveItem(project, 13, Cp1252()); }), 5);
   EXPECT_EQ(WriteProject(project, Cp1252()), original);
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "support/IdeBuilder.h"
+#include "support/VbErrorOf.h"
 #include "vbide/CodeModule.h"
 #include "vbide/Member.h"
 #include "vbide/VBComponent.h"
@@ -18,14 +19,7 @@ vbide::CodeModulePtr ModuleOf(const std::shared_ptr<host::Ide>& ide, std::u16str
   return ide->VBProjects()->Item(1)->VBComponents()->Item(name)->CodeModule();
 }
 
-int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const vb::Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
+using qmtest::ErrorNumberOf;
 
 const char16_t* kOrders =
     u"Option Explicit\n"
@@ -50,9 +44,9 @@ TEST(CodeModuleLines, JoinsRangesWithCrLfAndRejectsLinesOutside) {
   EXPECT_EQ(m->Lines(1, 2), u"Option Explicit\r\nPrivate mTotal As Currency");
   EXPECT_EQ(m->Lines(3, 0), u"");
   EXPECT_EQ(m->Lines(14, 1), u"End Property");
-  EXPECT_EQ(ErrorNumber([&] { m->Lines(0, 1); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { m->Lines(14, 2); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { m->Lines(15, 1); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->Lines(0, 1); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->Lines(14, 2); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->Lines(15, 1); }), 5);
 }
 
 // The batch read a search uses: as many lines as fit and exist, the same text as Lines, and
@@ -73,8 +67,8 @@ TEST(CodeModuleLines, BatchesOfViewsStopAtTheLastLineAndFollowEdits) {
   ASSERT_EQ(m->LineViews(1, batch), 5);
   EXPECT_EQ(batch[1], u"Private mCount As Long");
   EXPECT_EQ(batch[2], u"");
-  EXPECT_EQ(ErrorNumber([&] { m->LineViews(15, batch); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { m->LineViews(0, batch); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->LineViews(15, batch); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->LineViews(0, batch); }), 5);
 }
 
 TEST(CodeModuleEdits, InsertSplitsAtEveryLineBreakAndAppendsAfterTheLastLine) {
@@ -85,7 +79,7 @@ TEST(CodeModuleEdits, InsertSplitsAtEveryLineBreakAndAppendsAfterTheLastLine) {
   m->InsertLines(m->CountOfLines() + 1, u"last\r\n");  // a trailing break adds an empty line
   EXPECT_EQ(m->CountOfLines(), 8);
   EXPECT_EQ(m->Lines(7, 2), u"last\r\n");
-  EXPECT_EQ(ErrorNumber([&] { m->InsertLines(10, u"far"); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->InsertLines(10, u"far"); }), 5);
 }
 
 TEST(CodeModuleEdits, DeleteAndReplaceWorkOnWholeLines) {
@@ -95,8 +89,8 @@ TEST(CodeModuleEdits, DeleteAndReplaceWorkOnWholeLines) {
   EXPECT_EQ(m->Lines(1, 2), u"one\r\nfour");
   m->ReplaceLine(2, u"4\r\n5");  // a line break makes two lines
   EXPECT_EQ(m->Lines(1, m->CountOfLines()), u"one\r\n4\r\n5");
-  EXPECT_EQ(ErrorNumber([&] { m->DeleteLines(3, 2); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { m->ReplaceLine(4, u"x"); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->DeleteLines(3, 2); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->ReplaceLine(4, u"x"); }), 5);
   m->DeleteLines(1);
   EXPECT_EQ(m->Lines(1, 1), u"4");
 }
@@ -131,9 +125,9 @@ TEST(CodeModuleProcedures, AnswersRegionsByNameAndKind) {
   EXPECT_EQ(m->ProcBodyLine(u"AddLine", vbide::vbext_pk_Proc), 5);
   EXPECT_EQ(m->ProcCountLines(u"AddLine", vbide::vbext_pk_Proc), 5);
   EXPECT_EQ(m->ProcStartLine(u"Total", vbide::vbext_pk_Let), 12);
-  EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Total", vbide::vbext_pk_Proc); }), 35);
-  EXPECT_EQ(ErrorNumber([&] { m->ProcStartLine(u"Missing", vbide::vbext_pk_Proc); }), 35);
-  EXPECT_EQ(ErrorNumber([&] { m->ProcOfLine(15, kind); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { m->ProcStartLine(u"Total", vbide::vbext_pk_Proc); }), 35);
+  EXPECT_EQ(ErrorNumberOf([&] { m->ProcStartLine(u"Missing", vbide::vbext_pk_Proc); }), 35);
+  EXPECT_EQ(ErrorNumberOf([&] { m->ProcOfLine(15, kind); }), 5);
 }
 
 // The index remembers the region it found last; asked in any order it must answer as if it did
@@ -167,7 +161,7 @@ TEST(CodeModuleProcedures, FollowEditsWithoutBeingAskedToRebuild) {
   EXPECT_EQ(m->ProcOfLine(6, kind), u"Reset");
   EXPECT_EQ(m->ProcBodyLine(u"AddLine", vbide::vbext_pk_Proc), 7);
   m->DeleteLines(5, 2);
-  EXPECT_EQ(ErrorNumber([&] { m->ProcBodyLine(u"Reset", vbide::vbext_pk_Proc); }), 35);
+  EXPECT_EQ(ErrorNumberOf([&] { m->ProcBodyLine(u"Reset", vbide::vbext_pk_Proc); }), 35);
 }
 
 TEST(CodeModuleMembers, ListModuleLevelNamesInOrderAndFollowEdits) {
@@ -179,7 +173,7 @@ TEST(CodeModuleMembers, ListModuleLevelNamesInOrderAndFollowEdits) {
   EXPECT_EQ(members->Item(1)->Type(), vbide::vbext_mt_Variable);
   EXPECT_EQ(members->Item(u"addline")->Type(), vbide::vbext_mt_Method);
   EXPECT_EQ(members->Item(u"Total")->CodeLocation(), 9);
-  EXPECT_EQ(ErrorNumber([&] { members->Item(u"Nothing"); }), 9);
+  EXPECT_EQ(ErrorNumberOf([&] { members->Item(u"Nothing"); }), 9);
   m->InsertLines(2, u"Public Const MAX_LINES As Integer = 99");
   EXPECT_EQ(m->Members()->Item(1)->Name(), u"MAX_LINES");
   EXPECT_EQ(members->Count(), 3);  // a snapshot taken before the edit stays as it was
@@ -191,8 +185,8 @@ TEST(CodeModuleLifetime, AModuleOfARemovedComponentRaises91) {
   auto component = components->Item(u"modA");
   auto m = component->CodeModule();
   components->Remove(component);
-  EXPECT_EQ(ErrorNumber([&] { m->CountOfLines(); }), 91);
-  EXPECT_EQ(ErrorNumber([&] { component->Name(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { m->CountOfLines(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { component->Name(); }), 91);
 }
 
 }  // namespace

@@ -4,21 +4,14 @@
 
 #include "runtime/Utf.h"
 #include "support/IdeBuilder.h"
+#include "support/VbErrorOf.h"
 #include "vbide/CommandBars.h"
 #include "vbide/Events.h"
 
 namespace {
 
+using qmtest::ErrorNumberOf;
 using qmtest::IdeBuilder;
-
-int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const vb::Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(CommandBars, HaveTheIdesMenusReachableByNameWithoutAccessKeys) {
   auto ide = IdeBuilder().Build();
@@ -34,7 +27,7 @@ TEST(CommandBars, HaveTheIdesMenusReachableByNameWithoutAccessKeys) {
   EXPECT_EQ(menuBar->Controls()->Item(8)->CommandBar(), tools);  // the popup's own bar
   for (auto name : {u"Standard", u"Edit", u"Debug", u"Form Editor"})
     EXPECT_NO_THROW(bars->Item(name));
-  EXPECT_EQ(ErrorNumber([&] { bars->Item(u"Quillmark"); }), 9);
+  EXPECT_EQ(ErrorNumberOf([&] { bars->Item(u"Quillmark"); }), 9);
 }
 
 TEST(CommandBars, AddMakesAnEmptyVisibleToolbarThatDeleteTakesAway) {
@@ -53,8 +46,8 @@ TEST(CommandBars, AddMakesAnEmptyVisibleToolbarThatDeleteTakesAway) {
   auto button = bar->Controls()->Add(vbide::msoControlButton);
   bar->Delete();
   EXPECT_EQ(bars->Count(), before);
-  EXPECT_EQ(ErrorNumber([&] { bar->Visible(); }), 91);
-  EXPECT_EQ(ErrorNumber([&] { button->Caption(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { bar->Visible(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { button->Caption(); }), 91);
 }
 
 TEST(CommandBarControls, PopupsHoldControlsAndFacesComeFromTheClipboard) {
@@ -68,14 +61,14 @@ TEST(CommandBarControls, PopupsHoldControlsAndFacesComeFromTheClipboard) {
   EXPECT_EQ(tools->Controls()->Count(), before + 1);
   EXPECT_EQ(popup->Controls()->Item(1)->Caption(), u"&Daily");
 
-  EXPECT_EQ(ErrorNumber([&] { item->PasteFace(); }), 5);  // nothing on the clipboard
+  EXPECT_EQ(ErrorNumberOf([&] { item->PasteFace(); }), 5);  // nothing on the clipboard
   vb::Picture face{16, 16, std::vector<std::uint32_t>(256, 0xFF0000FFu)};
   ide->Clipboard()->SetData(face);
   item->PasteFace();
   EXPECT_EQ(std::static_pointer_cast<host::CommandBarButton>(item)->Face(), face);
   popup->Delete();
   EXPECT_EQ(tools->Controls()->Count(), before);
-  EXPECT_EQ(ErrorNumber([&] { item->Caption(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { item->Caption(); }), 91);
 }
 
 TEST(CommandBarComboBox, ListPositionsCountFromOneAndTypedTextHasIndexZero) {
@@ -93,7 +86,7 @@ TEST(CommandBarComboBox, ListPositionsCountFromOneAndTypedTextHasIndexZero) {
   EXPECT_EQ(combo->Text(), u"gamma");
   combo->RemoveItem(1);
   EXPECT_EQ(combo->ListIndex(), 2);  // the picked entry moved up with the list
-  EXPECT_EQ(ErrorNumber([&] { combo->List(4); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { combo->List(4); }), 5);
   combo->Clear();
   EXPECT_EQ(combo->ListCount(), 0);
   EXPECT_EQ(combo->ListIndex(), 0);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/IdeBuilder.h"
+#include "support/VbErrorOf.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
 #include "vbide/Events.h"
@@ -12,16 +13,8 @@
 
 namespace {
 
+using qmtest::ErrorNumberOf;
 using qmtest::IdeBuilder;
-
-int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const vb::Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 TEST(Vbe, StartsWithNothingActiveAndAnswersItsVersion) {
   auto ide = IdeBuilder().Build();
@@ -40,8 +33,8 @@ TEST(Projects, AreListedInLoadOrderAndFoundByNameIgnoringCase) {
   ASSERT_EQ(projects->Count(), 2);
   EXPECT_EQ(projects->Item(1)->Name(), u"Billing");
   EXPECT_EQ(projects->Item(u"STOCK")->Type(), vbide::vbext_pt_ActiveXDll);
-  EXPECT_EQ(ErrorNumber([&] { projects->Item(3); }), 9);
-  EXPECT_EQ(ErrorNumber([&] { projects->Item(u"Payroll"); }), 9);
+  EXPECT_EQ(ErrorNumberOf([&] { projects->Item(3); }), 9);
+  EXPECT_EQ(ErrorNumberOf([&] { projects->Item(u"Payroll"); }), 9);
   EXPECT_EQ(ide->ActiveVBProject()->Name(), u"Billing");  // the first project becomes active
   EXPECT_EQ(projects->Item(1)->FileName(), u"");          // never saved
 }
@@ -75,7 +68,7 @@ TEST(Components, KeepProjectOrderAndTellWhetherTheyHoldCode) {
   EXPECT_NE(components->Item(u"Invoice")->CodeModule(), nullptr);
   EXPECT_EQ(components->Item(u"Invoice")->Designer(), nullptr);
   EXPECT_NE(components->Item(u"frmMain")->Designer(), nullptr);
-  EXPECT_EQ(ErrorNumber([&] { components->Item(u"modNone"); }), 9);
+  EXPECT_EQ(ErrorNumberOf([&] { components->Item(u"modNone"); }), 9);
   EXPECT_EQ(components->Item(1)->FileCount(), 0);  // never saved: no file names yet
 }
 
@@ -131,7 +124,7 @@ TEST(Events, AddedAndRemovedFireWithTheCollectionAlreadyChanged) {
       [&](vbide::VBComponentPtr) { countSeenOnAdd = project->VBComponents()->Count(); });
   auto s2 = sink->ItemRemoved.Subscribe([&](vbide::VBComponentPtr c) {
     countSeenOnRemove = project->VBComponents()->Count();
-    removedError = ErrorNumber([&] { c->Name(); });
+    removedError = ErrorNumberOf([&] { c->Name(); });
   });
   auto added = project->VBComponents()->Add(vbide::vbext_ct_ClassModule);
   EXPECT_EQ(added->Name(), u"Class1");

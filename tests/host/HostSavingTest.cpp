@@ -1,15 +1,18 @@
-// Contract: saving. What changed is written, what did not keeps its bytes, the file's own line
-// ends and final-terminator state survive, and a failed save leaves the old file.
+// Contract: saving and unsaved changes. Every kind of edit marks its component (and so its
+// project) until a save; what changed is written, what did not keeps its bytes, the file's own
+// line ends and final-terminator state survive, and a failed save leaves the old file.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 
 #include "host/Component.h"
 #include "host/Ide.h"
 #include "host/Project.h"
 #include "runtime/AtomicWriter.h"
 #include "support/TempFolder.h"
+#include "support/VbErrorOf.h"
 #include "vbide/CodeModule.h"
 #include "vbide/VBForm.h"
 
@@ -45,7 +48,60 @@ struct Loaded {
     project = ide->ProjectList()->List().front();
   }
   std::string Read(const char* name) const { return TempFolder::Read(folder.Path() / name); }
+  vbide::VBComponentPtr Item(std::u16string_view name) {
+    return project->VBComponents()->Item(name);
+  }
 };
+
+TEST(ChangedState, EveryKindOfEditMarksItsComponentUntilItIsSaved) {
+  using Edit = std::function<void(Loaded&)>;
+  const std::pair<const char*, Edit> edits[] = {
+      {"code typed", [](Loaded& w) { w.Item(u"frmOrder")->CodeModule()->ReplaceLine(1, u"' x"); }},
+      {"member added",
+       [](Loaded& w) {
+         w.Item(u"frmOrder")->CodeModule()->AddFromString(u"Sub Added()\nEnd Sub");
+       }},
+      {"control renamed",
+       [](Loaded& w) {
+         w.Item(u"frmOrder")->Designer()->VBControls()->Item(1)->SetProperty(u"Name", u"cmdGo");
+       }},
+      {"control removed",
+       [](Loaded& w) { w.Item(u"frmOrder")->Designer()->VBControls()->Remove(1); }},
+  };
+  for (auto& [what, edit] : edits) {
+    SCOPED_TRACE(what);
+    Loaded w;
+    auto form = w.Item(u"frmOrder");
+    EXPECT_FALSE(form->IsDirty());
+    EXPECT_FALSE(w.project->IsDirty());
+    int told = 0;
+    auto sink = w.ide->changed.Subscribe([&] { ++told; });
+    edit(w);
+    EXPECT_TRUE(form->IsDirty());
+    EXPECT_TRUE(w.project->IsDirty());
+    EXPECT_FALSE(w.Item(u"modCalc")->IsDirty());
+    EXPECT_GE(told, 1);  // the front ends hear of the first mark
+    form->SaveAs(form->FileNames(1));
+    EXPECT_FALSE(form->IsDirty());
+    EXPECT_FALSE(w.project->IsDirty());
+    EXPECT_NE(w.Read("frmOrder.frm"), kFrm);
+  }
+}
+
+TEST(ChangedState, SavingWhatDidNotChangeWritesNothing) {
+  Loaded w;
+  // Other bytes on disk since loading: a save that wrote anything would put the loaded ones back.
+  w.folder.Write("modCalc.bas", "changed elsewhere");
+  w.folder.Write("Orders.vbp", "changed elsewhere");
+  auto module = w.Item(u"modCalc");
+  module->SaveAs(module->FileNames(1));
+  w.project->SaveAs(w.project->FileName());
+  EXPECT_EQ(w.Read("modCalc.bas"), "changed elsewhere");
+  EXPECT_EQ(w.Read("Orders.vbp"), "changed elsewhere");
+  // Saved elsewhere, the unchanged component is written there.
+  module->SaveAs(vb::FromUtf8((w.folder.Path() / "copy.bas").string()));
+  EXPECT_EQ(w.Read("copy.bas"), kBas);
+}
 
 TEST(Saving, AnEditedModuleKeepsItsHiddenLinesLineEndsAndMissingFinalBreak) {
   Loaded w;
@@ -101,29 +157,20 @@ class SaveFaults : public ::testing::TestWithParam<FaultCase> {};
 // file keeps every byte, nothing of ours is left beside it, the error names the file, and the
 // component stays changed so that the next save writes it.
 TEST_P(SaveFaults, AFailedSaveAtAnyStepLeavesTheOldFileAndNoTemporary) {
-  TempFolder folder;
-  folder.Write("Orders.vbp", kVbp);
-  folder.Write("modCalc.bas", kBas);
-  folder.Write("frmOrder.frm", kFrm);
-  auto ide = host::Ide::Create({});
-  ASSERT_TRUE(ide->Open(folder.Path() / "Orders.vbp").empty());
-  auto project = ide->ProjectList()->List().front();
-  auto component = project->VBComponents()->Item(u"modCalc");
+  Loaded w;
+  auto component = w.Item(u"modCalc");
   component->CodeModule()->ReplaceLine(2, u"' changed");
-  ide->Writer().InjectFault(GetParam().fault);
-  try {
-    project->SaveAs(vb::FromUtf8((folder.Path() / "Orders.vbp").string()));
-    FAIL() << "the save should fail";
-  } catch (const vb::Error& e) {
-    EXPECT_NE(e.Description().find(vb::FromUtf8((folder.Path() / "modCalc.bas").string() + " (")),
-              std::u16string::npos)
-        << vb::ToUtf8(e.Description());
-  }
+  w.ide->Writer().InjectFault(GetParam().fault);
+  vb::Error e = qmtest::ErrorOf(
+      [&] { w.project->SaveAs(vb::FromUtf8((w.folder.Path() / "Orders.vbp").string())); });
+  EXPECT_NE(e.Description().find(vb::FromUtf8((w.folder / "modCalc.bas").string() + " (")),
+            std::u16string::npos)
+      << vb::ToUtf8(e.Description());
   EXPECT_TRUE(component->IsDirty());
-  EXPECT_EQ(TempFolder::Read(folder.Path() / "modCalc.bas"), kBas);
-  EXPECT_EQ(TempFolder::Read(folder.Path() / "Orders.vbp"), kVbp);
+  EXPECT_EQ(w.Read("modCalc.bas"), kBas);
+  EXPECT_EQ(w.Read("Orders.vbp"), kVbp);
   std::vector<std::string> names;
-  for (auto& entry : std::filesystem::directory_iterator(folder.Path()))
+  for (auto& entry : std::filesystem::directory_iterator(w.folder.Path()))
     names.push_back(entry.path().filename().string());
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<std::string>{"Orders.vbp", "frmOrder.frm", "modCalc.bas"}));
@@ -143,13 +190,10 @@ TEST(Saving, TextTheCodePageCannotHoldIsRefusedNotTurnedIntoQuestionMarks) {
   Loaded w;
   auto component = w.project->VBComponents()->Item(u"modCalc");
   component->CodeModule()->ReplaceLine(2, u"' \u4F60\u597D");  // Chinese in a cp1252 project
-  try {
-    component->SaveAs(vb::FromUtf8((w.folder.Path() / "modCalc.bas").string()));
-    FAIL() << "the save should be refused";
-  } catch (const vb::Error& e) {
-    EXPECT_NE(e.Description().find(u"2 character(s) cannot be written in code page 1252"),
-              std::u16string::npos);
-  }
+  vb::Error e = qmtest::ErrorOf(
+      [&] { component->SaveAs(vb::FromUtf8((w.folder / "modCalc.bas").string())); });
+  EXPECT_NE(e.Description().find(u"2 character(s) cannot be written in code page 1252"),
+            std::u16string::npos);
   EXPECT_EQ(w.Read("modCalc.bas"), kBas);
   EXPECT_TRUE(component->IsDirty());
 }

@@ -5,6 +5,7 @@
 #include "host/CodePane.h"
 #include "runtime/Runtime.h"
 #include "support/IdeBuilder.h"
+#include "support/VbErrorOf.h"
 #include "vbide/ClassRegistry.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
@@ -14,16 +15,8 @@
 
 namespace {
 
+using qmtest::ErrorNumberOf;
 using qmtest::IdeBuilder;
-
-int ErrorNumber(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const vb::Error& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 std::vector<int> TypesOf(const std::shared_ptr<host::Ide>& ide) {
   std::vector<int> types;
@@ -53,9 +46,9 @@ TEST(CodePanes, ShowMakesThePaneActiveAndSelectionsAreCheckedAgainstTheText) {
   pane->GetSelection(sl, sc, el, ec);
   EXPECT_EQ((std::vector<int>{sl, sc, el, ec}), (std::vector<int>{2, 5, 2, 10}));
   pane->SetSelection(2, 14, 2, 14);  // a caret after the last character is inside the text
-  EXPECT_EQ(ErrorNumber([&] { pane->SetSelection(2, 15, 2, 15); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { pane->SetSelection(3, 1, 3, 1); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { pane->SetSelection(0, 1, 1, 1); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { pane->SetSelection(2, 15, 2, 15); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { pane->SetSelection(3, 1, 3, 1); }), 5);
+  EXPECT_EQ(ErrorNumberOf([&] { pane->SetSelection(0, 1, 1, 1); }), 5);
 }
 
 TEST(CodePanes, TopLineIsClampedToTheModule) {
@@ -100,7 +93,7 @@ TEST(Windows, ClosingCodeAndDesignerWindowsRemovesThemOtherWindowsHide) {
 
   auto code = ide->ActiveCodePane()->Window();
   code->Close();
-  EXPECT_EQ(ErrorNumber([&] { code->Visible(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { code->Visible(); }), 91);
   EXPECT_EQ(ide->ActiveCodePane(), nullptr);
   components->Item(u"frmMain")->DesignerWindow()->Close();
   ide->Immediate()->Close();
@@ -121,7 +114,7 @@ TEST(Windows, RemovingAComponentWithAnOpenCodeWindowFreedThePaneWhileItClosed) {
   pane.reset();
   components->Remove(components->Item(u"modA"));
   EXPECT_EQ(TypesOf(ide), (std::vector<int>{12, 6, 7, 5}));
-  EXPECT_EQ(ErrorNumber([&] { window->Visible(); }), 91);
+  EXPECT_EQ(ErrorNumberOf([&] { window->Visible(); }), 91);
   EXPECT_EQ(ide->ActiveCodePane(), nullptr);
 }
 
@@ -185,7 +178,7 @@ TEST(ToolWindows, HoldANewDocumentOfTheRegisteredClassAndStartHidden) {
   EXPECT_EQ(std::static_pointer_cast<host::Window>(window)->PersistentId(), u"{0A}");
   window->Close();  // a tool window only hides
   EXPECT_EQ(ide->Windows()->Count(), 5);
-  EXPECT_EQ(ErrorNumber([&] {
+  EXPECT_EQ(ErrorNumberOf([&] {
               ide->Windows()->CreateToolWindow(nullptr, u"Tools.docNone", u"x", u"{0B}", document);
             }),
             5);

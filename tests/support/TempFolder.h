@@ -25,6 +25,7 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::filesystem::path& Path() const { return path_; }
+  std::filesystem::path operator/(std::string_view relative) const { return path_ / relative; }
 
   // Writes `bytes` to the file at `relative`, creating folders as needed.
   std::filesystem::path Write(const std::filesystem::path& relative, std::string_view bytes) const {
