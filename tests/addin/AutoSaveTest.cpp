@@ -211,19 +211,4 @@ TEST(AutoSave, TurningItOffTakesEffectAtTheNextCheck) {
   EXPECT_TRUE(w.AlphaSaved());
 }
 
-TEST(AutoSave, TheFormIsLoadedHiddenWithItsTimersAndButtons) {
-  AutoSaveWorld w(u"2");
-  auto& form = w.Form();
-  EXPECT_TRUE(form.IsLoaded());
-  EXPECT_FALSE(form.Visible());
-  EXPECT_EQ(form.tmrSave.Interval(), 10000);
-  EXPECT_TRUE(form.tmrSave.Enabled());
-  EXPECT_EQ(form.tmrCount.Interval(), 1000);
-  EXPECT_FALSE(form.tmrCount.Enabled());
-  EXPECT_EQ(form.cmdOK.Caption(), u"OK");
-  EXPECT_TRUE(form.cmdOK.Default());
-  EXPECT_EQ(form.cmdCancel.Caption(), u"Cancel");
-  EXPECT_TRUE(form.cmdCancel.Cancel());
-}
-
 }  // namespace

@@ -46,21 +46,6 @@ TEST(Menu, SitsOnTheToolsMenuWithItsSixItems) {
                                {u"&About Quillmark Tools", false, false}}));
 }
 
-TEST(Menu, FacesAreTheResourcePictures) {
-  AddinWorld w;
-  w.ConnectLater();
-  vb::Resources resources;
-  quillmark::RegisterQuillmarkResources(resources);
-  auto items = w.Addin()->MenuPopup()->Controls();
-  auto face = [&](int i) {
-    return *std::static_pointer_cast<host::CommandBarButton>(items->Item(i))->Face();
-  };
-  EXPECT_EQ(face(1), resources.LoadResPicture(107));
-  EXPECT_EQ(face(2), resources.LoadResPicture(101));
-  EXPECT_EQ(face(3), resources.LoadResPicture(104));
-  EXPECT_EQ(face(4), resources.LoadResPicture(105));
-}
-
 TEST(Menu, ClicksReachTheirHandlers) {
   AddinWorld w;
   w.ConnectLater();

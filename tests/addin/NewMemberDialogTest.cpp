@@ -84,18 +84,6 @@ TEST_F(NewMember, ToolbarOpensItModelessOnTheModuleBeingEditedWithItsLists) {
                     &d.cboLocalVariableType})
     EXPECT_EQ(List(*box), types) << vb::ToUtf8(box->Name());
   EXPECT_EQ(List(d.cboLocalVariable), (Texts{u"Count", u"Rate"}));
-  std::pair<std::u16string_view, const char16_t*> captions[] = {
-      {d.lblLocalVariable.Caption(), u"Local Variable (Optional):"},
-      {d.lblLocalVariableType.Caption(), u"Local Variable Type:"},
-      {d.lblConstantValue.Caption(), u"Value:"},
-      {d.chkMethodStatic.Caption(), u"Static:"},
-      {d.cmdApply.Caption(), u"&Apply"},
-      {d.cmdCancel.Caption(), u"Cancel"},
-      {d.cmdArgUp.Caption(), u"Move Up"},
-      {d.cmdArgDown.Caption(), u"Move Down"},
-      {d.cmdRemoveArg.Caption(), u"Remove"},
-      {d.optProperty(2).Caption(), u"Let/Set"}};
-  for (auto& [shown, expected] : captions) EXPECT_EQ(shown, expected);
 }
 
 TEST_F(NewMember, TheColorPropertyDeclaresItsVariableAndPutsLetAboveGet) {

@@ -23,33 +23,8 @@ TEST(QuillmarkResources, EveryFaceAndImageListKeyIsA16By16Picture) {
     EXPECT_TRUE(Visible(face));
   }
   EXPECT_EQ(resources.LoadResPicture(u"NewMember").width, 16);
-  for (std::u16string_view key : {u"ActiveX Control",
-                                  u"Search",
-                                  u"Constant",
-                                  u"Stop",
-                                  u"Replace",
-                                  u"Control",
-                                  u"Variable",
-                                  u"Enumeration",
-                                  u"Event",
-                                  u"Method",
-                                  u"Property",
-                                  u"UDT",
-                                  u"Code Pane",
-                                  u"Designer",
-                                  u"Document",
-                                  u"UserDocument",
-                                  u"Resource File",
-                                  u"ActiveX DLL",
-                                  u"ActiveX EXE",
-                                  u"Class",
-                                  u"Form",
-                                  u"MDI Child",
-                                  u"MDI Form",
-                                  u"Module",
-                                  u"Property Page",
-                                  u"Standard EXE",
-                                  u"UserControl"}) {
+  // The keys the windows ask their image lists for are checked where they are used.
+  for (std::u16string_view key : quillmark::ImageListKeys()) {
     SCOPED_TRACE(vb::ToUtf8(key));
     ASSERT_TRUE(resources.Contains(key));
     const vb::Picture& picture = resources.LoadResPicture(key);

@@ -174,12 +174,4 @@ TEST(SearchOptions, ExcludeCommentsAndWholeWordNarrowTheRows) {
                             "Billing|CInvoice|Customer|5"}));
 }
 
-TEST(SearchOptions, NoMatchGivesAnEmptyListAndZeroLines) {
-  SearchScenario s(Billing());
-  s.PickScope(u"cboProject", u"(All Projects)");
-  s.Search(u"nowhere");
-  EXPECT_TRUE(s.Rows().empty());
-  EXPECT_EQ(s.Status(2), "0 Matching Line(s)");
-}
-
 }  // namespace

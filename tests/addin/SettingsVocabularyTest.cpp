@@ -16,30 +16,17 @@ class Vocabulary : public ::testing::Test {
   opt::Settings settings_{store_};
 };
 
+// The defaults a user meets through the dialogs and windows are checked there; these are the
+// ones no window shows.
 TEST_F(Vocabulary, AFreshUserRunsOnTheDefaults) {
-  EXPECT_FALSE(settings_.AutoSave());
-  EXPECT_EQ(settings_.Whole(opt::Options::kSaveInterval), 5);
-  EXPECT_EQ(settings_.Whole(opt::Options::kSaveNotify), 2);  // "Message"
-  EXPECT_EQ(settings_.Text(opt::Options::kColumns),
-            u"Project,1|Module,1|Procedure,1|Line,1|Code,1");
   EXPECT_EQ(settings_.Whole(opt::ForForm(u"frmNewMember", opt::FormPlacement::kLastTab)), 1);
   // Left and Top both below 1 is what makes a dialog open centred.
   for (auto form : {u"frmSearch", u"frmReplace", u"frmNewMember", u"frmOptions", u"frmAutoSave"}) {
     EXPECT_LT(settings_.Short(opt::ForForm(form, opt::FormPlacement::kLeft)), 1);
     EXPECT_LT(settings_.Short(opt::ForForm(form, opt::FormPlacement::kTop)), 1);
   }
-  EXPECT_EQ(settings_.Whole(opt::ForForm(u"frmSearch", opt::FormPlacement::kWidth)), 9000);
-  EXPECT_EQ(settings_.Whole(opt::ForForm(u"frmSearch", opt::FormPlacement::kHeight)), 6000);
   EXPECT_EQ(settings_.Whole(opt::ForForm(u"frmSearch", opt::FormPlacement::kWindowState)), 0);
-  EXPECT_EQ(settings_.Whole(opt::CommandBar::kPosition), 4);
-  EXPECT_EQ(settings_.Whole(opt::CommandBar::kLeft), 200);
-  EXPECT_EQ(settings_.Whole(opt::CommandBar::kTop), 200);
   EXPECT_EQ(settings_.Whole(opt::CommandBar::kRowIndex), 4);
-  EXPECT_TRUE(settings_.WordBoolean(opt::CommandBar::kVisible));
-  for (auto key : {opt::WindowVisible::kComponentViewer, opt::WindowVisible::kSearchResults,
-                   opt::WindowVisible::kSearchDialog, opt::WindowVisible::kProjectExplorer})
-    EXPECT_FALSE(settings_.Flag(key));
-  EXPECT_EQ(opt::WholeOf(opt::ColumnWidths::kDefault), 1440);
   EXPECT_TRUE(settings_.RecentSearches().empty());
   EXPECT_TRUE(store_.GetAllSettings(opt::kApp, u"Options").empty()) << "reading created a key";
 }
@@ -130,10 +117,7 @@ TEST_F(Vocabulary, WritesFlagsAsMinusOneAndZeroAndTheToolbarAsWords) {
   EXPECT_EQ(store_.GetSetting(opt::kApp, u"CommandBar", u"Visible", u""), u"False");
 }
 
-TEST(KeyNames, ColumnAndHistoryKeysCarryTheirNumber) {
-  EXPECT_EQ(opt::ColumnKeyName(opt::ColumnWidths::kSearchPrefix, 3), u"Col3");
-  EXPECT_EQ(opt::ColumnKeyName(u"(Controls)", 1), u"(Controls)1");
-  EXPECT_EQ(opt::RecentKeyName(10), u"Recent10");
+TEST(KeyNames, AHistoryEntrysPositionIsTheNumberAfterItsSixthCharacter) {
   const std::pair<std::u16string_view, int> positions[] = {
       {u"Recent3", 3}, {u"Recent10", 10}, {u"Recent", 0}, {u"Xxxxxx7", 7}, {u"RecentX", 0}};
   for (auto [name, position] : positions)

