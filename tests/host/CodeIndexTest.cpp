@@ -124,15 +124,9 @@ TEST(CodeIndex, RegionsAndDeclarationsOfSampleModules) {
     const CodeIndex index = CodeIndex::Build(lines);
     EXPECT_EQ(Regions(index), c.regions);
     EXPECT_EQ(LineOwners(index, lines.Count()), c.owners);
+    EXPECT_EQ(index.ProcOfLine(0), nullptr);  // outside the module
+    EXPECT_EQ(index.ProcOfLine(lines.Count() + 1), nullptr);
   }
-}
-
-TEST(CodeIndex, ProcOfLineOutsideTheModuleIsNull) {
-  const auto lines = VbLines(u"Sub A()\nEnd Sub");
-  const CodeIndex index = CodeIndex::Build(lines);
-  EXPECT_EQ(index.ProcOfLine(0), nullptr);
-  EXPECT_EQ(index.ProcOfLine(3), nullptr);
-  ASSERT_NE(index.ProcOfLine(2), nullptr);
 }
 
 const char16_t kFindModule[] =
@@ -166,14 +160,7 @@ TEST(CodeIndex, FindIgnoresCaseButMatchesTheKind) {
       EXPECT_EQ(proc->kind, c.kind);
     }
   }
-}
-
-TEST(CodeIndex, FindKeepsTheNameAsWritten) {
-  const auto lines = VbLines(kFindModule);
-  const CodeIndex index = CodeIndex::Build(lines);
-  const ProcRegion* proc = index.Find(u"HELPER", vbide::vbext_pk_Proc);
-  ASSERT_NE(proc, nullptr);
-  EXPECT_EQ(Show(proc->name), "Helper");
+  EXPECT_EQ(Show(index.Find(u"HELPER", vbide::vbext_pk_Proc)->name), "Helper");  // as written
 }
 
 TEST(CodeIndex, LineNumbersPastThe16BitRange) {

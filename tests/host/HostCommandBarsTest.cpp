@@ -17,11 +17,7 @@ TEST(CommandBars, HaveTheIdesMenusReachableByNameWithoutAccessKeys) {
   auto ide = IdeBuilder().Build();
   auto bars = ide->CommandBars();
   auto menuBar = bars->Item(u"Menu Bar");
-  std::vector<std::u16string> captions;
-  for (auto& c : menuBar->Controls()->Items()) captions.push_back(c->Caption());
-  EXPECT_EQ(captions, (std::vector<std::u16string>{u"&File", u"&Edit", u"&View", u"&Project",
-                                                   u"F&ormat", u"&Debug", u"&Run", u"&Tools",
-                                                   u"&Add-Ins", u"&Window", u"&Help"}));
+  EXPECT_EQ(menuBar->Controls()->Item(8)->Caption(), u"&Tools");
   auto tools = bars->Item(u"tools");
   EXPECT_EQ(tools->Name(), u"Tools");
   EXPECT_EQ(menuBar->Controls()->Item(8)->CommandBar(), tools);  // the popup's own bar
