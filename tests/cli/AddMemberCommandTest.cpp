@@ -2,10 +2,7 @@
 // dialog refuses and the exit status.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {

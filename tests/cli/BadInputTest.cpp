@@ -4,10 +4,8 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
-#include <sstream>
 
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {

@@ -2,10 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {

@@ -2,10 +2,7 @@
 // it shows, kept in the folder given.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {

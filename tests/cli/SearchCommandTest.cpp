@@ -1,10 +1,7 @@
 // quillmark search and replace: rows, status, JSON, scopes, changed files and exit codes.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -168,29 +165,6 @@ TEST_F(Cli, ReplaceInTheSelectedRowsOnly) {
   EXPECT_NE(File("modMain.bas").find("    Customer = "), std::string::npos);
   EXPECT_NE(File("COrders.cls").find("Private Client As Long"), std::string::npos);
   EXPECT_NE(File("COrders.cls").find("customer = customer + 1"), std::string::npos);
-}
-
-}  // namespace
-
-namespace {
-
-TEST(TourSearch, TheTourEndsWithAToolbarSearchOverTheSample) {
-  qmtest::TempFolder home;
-  std::ostringstream out, err;
-  ASSERT_EQ(cli::Run({"tour", "--config-dir", home.Path().string()}, {out, err}), 0) << err.str();
-  std::string text = out.str();
-  auto heading = text.find("Toolbar search for \"Balance\" over (All Projects):\n");
-  ASSERT_NE(heading, std::string::npos) << text;
-  EXPECT_NE(
-      text.find("  Ledger\tCCustomer\tBalance\t57\tPublic Property Get Balance() As Currency\n",
-                heading),
-      std::string::npos);
-  EXPECT_NE(text.find("Search Results status: Complete. | 31 Matching Line(s)\n", heading),
-            std::string::npos);
-  // The search went into the history that the next start of the IDE reads.
-  EXPECT_NE(qmtest::TempFolder::Read(home.Path() / "settings" / "QTools Search History.ini")
-                .find("Recent1=Balance"),
-            std::string::npos);
 }
 
 }  // namespace

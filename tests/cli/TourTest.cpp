@@ -1,11 +1,8 @@
-// quillmark tour: the add-in connected headlessly to the sample, its menu and toolbar printed,
-// and the settings it wrote at disconnection, kept in the folder given.
+// quillmark tour: the add-in connected headlessly to the sample, its menu and toolbar printed, a
+// search through the toolbar, and the settings it wrote at disconnection, in the folder given.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "cli/CliRun.h"
-#include "cli/Commands.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -13,7 +10,7 @@ namespace {
 using Result = qmtest::CliResult;
 using qmtest::Quillmark;
 
-TEST(Tour, ShowsTheMenuTheToolbarAndTheSettingsWrittenInTheFolderGiven) {
+TEST(Tour, ShowsTheMenuTheToolbarASearchAndTheSettingsWrittenInTheFolderGiven) {
   qmtest::TempFolder home;
   Result r = Quillmark({"tour", "--config-dir", home.Path().string()});
   ASSERT_EQ(r.status, 0) << r.err;
@@ -24,6 +21,18 @@ TEST(Tour, ShowsTheMenuTheToolbarAndTheSettingsWrittenInTheFolderGiven) {
                     "[Quillmark Tools] frmSearch / Visible = 0"})
     EXPECT_NE(r.out.find(text), std::string::npos) << text << "\n" << r.out;
   EXPECT_TRUE(std::filesystem::exists(home.Path() / "settings" / "Quillmark Tools.ini"));
+  // It ends with a search through the toolbar's box, which goes into the history.
+  auto heading = r.out.find("Toolbar search for \"Balance\" over (All Projects):\n");
+  ASSERT_NE(heading, std::string::npos) << r.out;
+  EXPECT_NE(
+      r.out.find("  Ledger\tCCustomer\tBalance\t57\tPublic Property Get Balance() As Currency\n",
+                 heading),
+      std::string::npos);
+  EXPECT_NE(r.out.find("Search Results status: Complete. | 31 Matching Line(s)\n", heading),
+            std::string::npos);
+  EXPECT_NE(qmtest::TempFolder::Read(home.Path() / "settings" / "QTools Search History.ini")
+                .find("Recent1=Balance"),
+            std::string::npos);
 
   // A second tour starts from what the first one left: the toolbar where it was.
   auto ini = home.Path() / "settings" / "Quillmark Tools.ini";
