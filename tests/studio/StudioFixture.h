@@ -10,6 +10,8 @@
 
 #include <memory>
 
+#include "host/Component.h"
+#include "host/Project.h"
 #include "studio/MainWindow.h"
 #include "studio/Studio.h"
 #include "support/TempFolder.h"
@@ -47,6 +49,12 @@ class StudioTest : public ::testing::Test {
   }
   studio::MainWindow& Window() { return studioPtr->Window(); }
   host::Ide& Ide() { return *studioPtr->Desk().ide; }
+  // The component of that name in whichever project holds it; null when none does.
+  std::shared_ptr<host::Component> Named(std::u16string_view name) {
+    for (auto& project : Ide().ProjectList()->List())
+      if (auto found = project->ComponentList()->Find(name)) return found;
+    return nullptr;
+  }
 
   // The drawn menu with this caption, searched from the menu bar down; null when not drawn.
   static QMenu* FindMenu(const QList<QAction*>& actions, const QString& caption) {

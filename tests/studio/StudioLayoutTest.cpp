@@ -35,13 +35,6 @@ QImage Pixels(const QImage& image) {
   return image.convertToFormat(QImage::Format_RGB32);
 }
 
-std::shared_ptr<host::Component> Named(host::Ide& ide, std::u16string_view name) {
-  for (auto& project : ide.ProjectList()->List())
-    for (auto& component : project->ComponentList()->List())
-      if (component->Name() == name) return component;
-  return nullptr;
-}
-
 QDockWidget* Dock(studio::MainWindow& window, const QString& name) {
   return window.findChild<QDockWidget*>(name);
 }
@@ -137,7 +130,7 @@ TEST_F(StudioLayout, EveryShortcutIsBoundToOneActionOnly) {
 
 TEST_F(StudioLayout, PasteButtonPastesIntoTheFocusedCodeWindow) {
   Start();
-  auto module = Named(Ide(), u"modTax")->Module();
+  auto module = Named(u"modTax")->Module();
   module->CodePane()->Show();
   Settle();
   studio::CodeEditor* editor = Window().CodeEditors().at(0);
@@ -184,7 +177,7 @@ TEST_F(StudioLayout, MovedToolWindowOpensWhereTheUserLeftItNextTime) {
 
 TEST_F(StudioLayout, UserControlDesignerDrawsTheControlAtItsSizeInAUsableWindow) {
   Start();
-  auto control = Named(Ide(), u"AmountBox");
+  auto control = Named(u"AmountBox");
   ASSERT_NE(control, nullptr);
   control->Activate();
   Settle();
@@ -204,7 +197,7 @@ TEST_F(StudioLayout, UserControlDesignerDrawsTheControlAtItsSizeInAUsableWindow)
 
 TEST_F(StudioLayout, FormDesignerOpensShowingTheWholeForm) {
   Start();
-  auto form = Named(Ide(), u"frmPayment");
+  auto form = Named(u"frmPayment");
   ASSERT_NE(form, nullptr);
   form->Activate();
   Settle();
@@ -221,7 +214,7 @@ TEST_F(StudioLayout, FormDesignerOpensShowingTheWholeForm) {
 TEST_F(StudioLayout, WindowsOpenedOneAfterAnotherStayInsideTheArea) {
   Start();
   for (auto name : {u"frmPayment", u"AmountBox", u"frmCustomers", u"modTax", u"ppgAmount"}) {
-    Named(Ide(), name)->Activate();
+    Named(name)->Activate();
     Settle();
   }
   QRect room(QPoint(0, 0), Window().Area().viewport()->size());
@@ -246,8 +239,8 @@ TEST_F(StudioLayout, ProjectAndPropertiesWindowsShowTheirTextWhole) {
 // search dialog over the main window, and the search's results.
 TEST_F(StudioLayout, ScreenshotOfTheSearchDialogOverADesigner) {
   Start();
-  Named(Ide(), u"frmPayment")->Activate();
-  Named(Ide(), u"AmountBox")->Activate();
+  Named(u"frmPayment")->Activate();
+  Named(u"AmountBox")->Activate();
   Item(Menu(QStringLiteral("&Quillmark Tools")), QStringLiteral("&Visual Search and Replace"))
       ->trigger();
   Settle();

@@ -15,6 +15,7 @@
 #include "host/Component.h"
 #include "host/Project.h"
 #include "newmember/frmNewMember.h"
+#include "studio/ClippedCaptions.h"
 #include "studio/CodeEditor.h"
 #include "studio/CommandBarView.h"
 #include "studio/StudioFixture.h"
@@ -24,12 +25,6 @@ namespace {
 
 class StudioNewMember : public StudioTest {
  protected:
-  std::shared_ptr<host::Component> Named(std::u16string_view name) {
-    for (auto& project : Ide().ProjectList()->List())
-      for (auto& component : project->ComponentList()->List())
-        if (component->Name() == name) return component;
-    return nullptr;
-  }
   // Opens the module's code window, presses the toolbar's New Member button and returns the
   // dialog's window.
   QWidget* OpenOn(std::u16string_view module) {
@@ -55,29 +50,6 @@ void TypeKeys(QWidget* widget, const char* text) {
   QTest::keyClicks(widget, QString::fromLatin1(text));
 }
 
-// The captions of the visible buttons, boxes and labels that their widgets cut off.
-QStringList Clipped(QWidget* window) {
-  QStringList clipped;
-  for (auto* widget : window->findChildren<QWidget*>()) {
-    if (!widget->isVisibleTo(window)) continue;
-    int needed = 0;
-    QString text;
-    if (auto* label = qobject_cast<QLabel*>(widget)) {
-      text = label->text();
-      needed = label->fontMetrics().horizontalAdvance(text);
-    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
-      text = button->text();
-      bool box = qobject_cast<QCheckBox*>(button) || qobject_cast<QRadioButton*>(button);
-      needed = box ? button->sizeHint().width()
-                   : button->fontMetrics().horizontalAdvance(QString(text).remove('&')) + 8;
-    }
-    if (!text.isEmpty() && needed > widget->width())
-      clipped << widget->objectName() + " \"" + text + "\" needs " + QString::number(needed) +
-                     " px, has " + QString::number(widget->width());
-  }
-  return clipped;
-}
-
 TEST_F(StudioNewMember, EveryTabShowsItsCaptionsWholeBelowTheTabs) {
   Start();
   QWidget* dialog = OpenOn(u"modTax");
@@ -94,8 +66,7 @@ TEST_F(StudioNewMember, EveryTabShowsItsCaptionsWholeBelowTheTabs) {
     // Written into the build folder for a person to look at.
     dialog->grab().save(QString(QM_BINARY_DIR) + "/studio-screenshots/frmNewMember-" +
                         tabs->tabText(tab) + ".png");
-    EXPECT_EQ(Clipped(dialog).join(QStringLiteral("; ")).toStdString(), "")
-        << tabs->tabText(tab).toStdString();
+    EXPECT_EQ(ClippedCaptions(dialog), "") << tabs->tabText(tab).toStdString();
     for (auto* panel : dialog->findChildren<QWidget*>(QStringLiteral("picNew"))) {
       if (!panel->isVisibleTo(dialog)) continue;
       EXPECT_GE(panel->mapTo(dialog, QPoint(0, 0)).y(),

@@ -19,6 +19,7 @@
 #include "options/frmOptions.h"
 #include "runtime/SettingsStore.h"
 #include "search/docResults.h"
+#include "studio/ClippedCaptions.h"
 #include "studio/CodeEditor.h"
 #include "studio/ProjectExplorer.h"
 #include "studio/StudioFixture.h"
@@ -31,26 +32,6 @@ namespace {
 using namespace std::chrono_literals;
 using StudioOptions = StudioTest;
 
-// The captions of labels and buttons that their widgets are too narrow to show on one line.
-std::vector<std::string> CutCaptions(QWidget* window) {
-  std::vector<std::string> cut;
-  auto check = [&](QWidget* widget, QString text, int margin) {
-    text.remove(u'&');
-    if (!widget->isVisibleTo(window) || text.isEmpty()) return;
-    if (widget->fontMetrics().horizontalAdvance(text) + margin > widget->width())
-      cut.push_back(text.toStdString());
-  };
-  for (auto* label : window->findChildren<QLabel*>()) check(label, label->text(), 0);
-  for (auto* button : window->findChildren<QAbstractButton*>()) {
-    bool box = qobject_cast<QCheckBox*>(button) != nullptr;
-    check(button, button->text(),
-          box ? button->sizeHint().width() -
-                    button->fontMetrics().horizontalAdvance(QString(button->text()).remove(u'&'))
-              : 8);
-  }
-  return cut;
-}
-
 QPushButton* Button(QWidget* window, const QString& text) {
   for (auto* button : window->findChildren<QPushButton*>())
     if (button->text() == text) return button;
@@ -62,9 +43,7 @@ TEST_F(StudioOptions, AnEditedModuleIsMarkedThenAutoSavedAfterTheCountdownOverTh
   auto& settings = studioPtr->Desk().runtime->Settings();
   settings.SaveSetting(u"Quillmark Tools", u"Options", u"AutoSave", u"1");
   settings.SaveSetting(u"Quillmark Tools", u"Options", u"SaveInterval", u"1");
-  std::shared_ptr<host::Component> component;
-  for (auto& project : Ide().ProjectList()->List())
-    if (auto found = project->ComponentList()->Find(u"modMain")) component = found;
+  std::shared_ptr<host::Component> component = Named(u"modMain");
   ASSERT_NE(component, nullptr);
   auto file = component->Path();
   std::string before = qmtest::TempFolder::Read(file);
@@ -85,7 +64,7 @@ TEST_F(StudioOptions, AnEditedModuleIsMarkedThenAutoSavedAfterTheCountdownOverTh
   loop.Advance(2min);  // the second minute boundary after connecting
   Settle();
   ASSERT_TRUE(countdown->isVisible());
-  EXPECT_EQ(CutCaptions(countdown), std::vector<std::string>{});
+  EXPECT_EQ(ClippedCaptions(countdown), "");
   EXPECT_TRUE(Window().frameGeometry().contains(countdown->frameGeometry().center()));
   EXPECT_EQ(Window().Area().activeSubWindow(), codeWindow);  // the code window keeps its place
   QTest::keyClick(countdown, Qt::Key_Escape);
@@ -116,7 +95,7 @@ TEST_F(StudioOptions, OptionsFromTheToolsMenuReordersTheResultsColumnsAtOnce) {
   bool acted = false;
   QTimer::singleShot(0, [&] {
     QWidget* dialog = studio::WidgetOf(*main.gfrmOptions);
-    EXPECT_EQ(CutCaptions(dialog), std::vector<std::string>{});
+    EXPECT_EQ(ClippedCaptions(dialog), "");
     auto* list = dialog->findChild<QListWidget*>(QStringLiteral("lstColumns"));
     ASSERT_NE(list, nullptr);
     // Code to the top with the keyboard and the Move Up button, then Line hidden with Space.
