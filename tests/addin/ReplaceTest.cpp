@@ -26,24 +26,16 @@ struct LineCase {
 };
 
 TEST(ReplaceInLine, RewritesEachOccurrenceUpToTheFirstThatFailsTheOptions) {
+  constexpr quillmark::MatchOptions kAny{}, kCase{.matchCase = true}, kWord{.wholeWord = true},
+      kCode{.excludeComments = true};
   const LineCase cases[] = {
-      {"EveryOccurrenceAnyCase", u"Cat = cat + 1", u"cat", u"dog", {}, u"dog = dog + 1"},
-      {"ResumesAfterTheInsertedText", u"cat cat", u"cat", u"catcat", {}, u"catcat catcat"},
-      {"AnEmptyReplacementDeletes", u"x = Total + Total", u"Total", u"", {}, u"x =  + "},
-      {"FirstOccurrenceFailsMatchCase",
-       u"foo Foo",
-       u"Foo",
-       u"Bar",
-       {.matchCase = true},
-       u"foo Foo"},
-      {"LaterOccurrenceFailsWholeWord",
-       u"ab x abc ab",
-       u"ab",
-       u"Y",
-       {.wholeWord = true},
-       u"Y x abc ab"},
-      {"CommentLineKept", u"  ' a", u"a", u"b", {.excludeComments = true}, u"  ' a"},
-      {"EmptySearchTextReplacesNothing", u"abc", u"", u"x", {}, u"abc"},
+      {"EveryOccurrenceAnyCase", u"Cat = cat + 1", u"cat", u"dog", kAny, u"dog = dog + 1"},
+      {"ResumesAfterTheInsertedText", u"cat cat", u"cat", u"catcat", kAny, u"catcat catcat"},
+      {"AnEmptyReplacementDeletes", u"x = Total + Total", u"Total", u"", kAny, u"x =  + "},
+      {"FirstOccurrenceFailsMatchCase", u"foo Foo", u"Foo", u"Bar", kCase, u"foo Foo"},
+      {"LaterOccurrenceFailsWholeWord", u"ab x abc ab", u"ab", u"Y", kWord, u"Y x abc ab"},
+      {"CommentLineKept", u"  ' a", u"a", u"b", kCode, u"  ' a"},
+      {"EmptySearchTextReplacesNothing", u"abc", u"", u"x", kAny, u"abc"},
   };
   for (auto& c : cases) {
     quillmark::FoldedFinder finder(c.search);
