@@ -9,9 +9,9 @@
 #include "host/Addins.h"
 #include "host/Component.h"
 #include "host/Project.h"
-#include "studio/CommandBarView.h"
 #include "studio/AddInList.h"
 #include "studio/AddInManager.h"
+#include "studio/CommandBarView.h"
 #include "studio/StudioFixture.h"
 #include "studio/VbHighlighter.h"
 
@@ -20,49 +20,34 @@ namespace {
 
 using qmtest::TempFolder;
 
-struct IniCase {
-  const char* name;
-  const char* text;
-  std::vector<std::pair<std::string, bool>> entries;
-  std::size_t problems;
-};
-
-void PrintTo(const IniCase& c, std::ostream* out) {
-  *out << c.name;
+// Each entry read as "ProgId=1" (loaded at start-up) or "ProgId=0", separated by blanks.
+TEST(AddInList, ReadsTheEntriesOfTheAddInsSectionOnly) {
+  struct Case {
+    const char* name;
+    const char* text;
+    std::string entries;
+    std::size_t problems;
+  };
+  const Case cases[] = {
+      {"Plain", "[Add-Ins32]\r\nA.Connect=1\r\nB.Connect=0\r\n", "A.Connect=1 B.Connect=0", 0},
+      {"OtherSectionsIgnored", "[Other]\nX.Connect=1\n[add-ins32]\nA.Connect=0\n[More]\nY=1\n",
+       "A.Connect=0", 0},
+      {"SpacesAndComments", "[Add-Ins32]\n; a note\n  A.Connect = 1 \n", "A.Connect=1", 0},
+      {"BadValueListedNotLoaded", "[Add-Ins32]\nA.Connect=yes\n", "A.Connect=0", 1},
+      {"Empty", "", "", 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    TempFolder folder;
+    studio::AddInList list(folder.Write("vbaddin.ini", c.text));
+    list.Load();
+    std::string got;
+    for (auto& entry : list.Entries())
+      got += (got.empty() ? "" : " ") + entry.progId + (entry.loadOnStartup ? "=1" : "=0");
+    EXPECT_EQ(got, c.entries);
+    EXPECT_EQ(list.Problems().size(), c.problems);
+  }
 }
-
-class AddInListReads : public ::testing::TestWithParam<IniCase> {};
-
-TEST_P(AddInListReads, EntriesOfTheAddInsSectionOnly) {
-  TempFolder folder;
-  studio::AddInList list(folder.Write("vbaddin.ini", GetParam().text));
-  list.Load();
-  std::vector<std::pair<std::string, bool>> got;
-  for (auto& entry : list.Entries()) got.emplace_back(entry.progId, entry.loadOnStartup);
-  EXPECT_EQ(got, GetParam().entries);
-  EXPECT_EQ(list.Problems().size(), GetParam().problems);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, AddInListReads,
-    ::testing::Values(IniCase{"Plain",
-                              "[Add-Ins32]\r\nA.Connect=1\r\nB.Connect=0\r\n",
-                              {{"A.Connect", true}, {"B.Connect", false}},
-                              0},
-                      IniCase{"OtherSectionsIgnored",
-                              "[Other]\nX.Connect=1\n[add-ins32]\nA.Connect=0\n[More]\nY=1\n",
-                              {{"A.Connect", false}},
-                              0},
-                      IniCase{"SpacesAndComments",
-                              "[Add-Ins32]\n; a note\n  A.Connect = 1 \n",
-                              {{"A.Connect", true}},
-                              0},
-                      IniCase{"BadValueListedNotLoaded",
-                              "[Add-Ins32]\nA.Connect=yes\n",
-                              {{"A.Connect", false}},
-                              1},
-                      IniCase{"Empty", "", {}, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST(AddInList, BadValueIsReportedWithFileAndLine) {
   TempFolder folder;
