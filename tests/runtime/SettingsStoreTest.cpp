@@ -248,37 +248,28 @@ TEST_F(IniStore, UnreadableFileIsReportedAndReadsAsDefaults) {
   EXPECT_NE(store.Problems()[0].find("Quillmark Tools.ini"), std::string::npos);
 }
 
-struct FaultCase {
-  const char* name;
-  vb::WriteFault fault;
-};
-
-class SettingsWriteFault : public IniStore, public ::testing::WithParamInterface<FaultCase> {};
-
-TEST_P(SettingsWriteFault, AFailedWriteLeavesTheOldFileAndTheOldValuesAndSaysWhy) {
-  auto writer = std::make_shared<vb::AtomicWriter>();
-  vb::IniSettingsStore store(folder_.Path(), writer);
-  store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
-  const std::string before = qmtest::TempFolder::Read(FileOf(kApp));
-  writer->InjectFault(GetParam().fault);
-  vb::Error e = qmtest::ErrorOf([&] { store.SaveSetting(kApp, u"Options", u"AutoSave", u"0"); });
-  EXPECT_EQ(e.Number(), 75);
-  EXPECT_NE(e.Description().find(u"Quillmark Tools.ini (Input/output error)"), std::u16string::npos)
-      << vb::ToUtf8(e.Description());
-  EXPECT_EQ(qmtest::TempFolder::Read(FileOf(kApp)), before);
-  EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
-  EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
-  ASSERT_EQ(store.TakeProblems().size(), 1u);  // for the front end, which the add-in does not tell
+// The atomic writer's own tests fail it at every step; here the first and the last.
+TEST_F(IniStore, AFailedWriteLeavesTheOldFileAndTheOldValuesAndSaysWhy) {
+  for (vb::WriteStep step : {vb::WriteStep::Open, vb::WriteStep::Rename}) {
+    SCOPED_TRACE(static_cast<int>(step));
+    std::filesystem::remove_all(folder_.Path() / "settings");
+    auto writer = std::make_shared<vb::AtomicWriter>();
+    vb::IniSettingsStore store(folder_.Path(), writer);
+    store.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
+    const std::string before = qmtest::TempFolder::Read(FileOf(kApp));
+    writer->InjectFault(vb::WriteFault{step});
+    vb::Error e = qmtest::ErrorOf([&] { store.SaveSetting(kApp, u"Options", u"AutoSave", u"0"); });
+    EXPECT_EQ(e.Number(), 75);
+    EXPECT_NE(e.Description().find(u"Quillmark Tools.ini (Input/output error)"),
+              std::u16string::npos)
+        << vb::ToUtf8(e.Description());
+    EXPECT_EQ(qmtest::TempFolder::Read(FileOf(kApp)), before);
+    EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
+    EXPECT_EQ(store.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
+    // Also kept for the front end, which the add-in does not tell.
+    EXPECT_EQ(store.TakeProblems().size(), 1u);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Steps, SettingsWriteFault,
-                         ::testing::Values(FaultCase{"Open", {vb::WriteStep::Open}},
-                                           FaultCase{"WriteAtByte0", {vb::WriteStep::Write, 0}},
-                                           FaultCase{"WriteAtByte5", {vb::WriteStep::Write, 5}},
-                                           FaultCase{"Sync", {vb::WriteStep::Sync}},
-                                           FaultCase{"Close", {vb::WriteStep::Close}},
-                                           FaultCase{"Rename", {vb::WriteStep::Rename}}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(IniStore, SettingsFolderThatIsAFileSaysWhichFileAndWhy) {
   folder_.Write("settings", "a file where the folder should be");
