@@ -132,26 +132,5 @@ TEST(FilesLoadGroup, LoadsEachProjectInGroupOrderAndReportsMissingOnes) {
   EXPECT_EQ(WriteGroup(loaded.group), vbg);
 }
 
-// The bundled sample group is IDE output: it loads without a single problem and every file,
-// project files included, comes back byte for byte.
-TEST(FilesLoadGroup, TheSampleGroupComesBackByteForByte) {
-  auto vbg = std::filesystem::path(QM_SOURCE_DIR) / "samples/Ledger.vbg";
-  Problems problems;
-  LoadedGroup loaded = LoadGroup(vbg, Cp1252(), problems);
-  EXPECT_TRUE(problems.empty()) << FormatProblem(problems.front());
-  EXPECT_EQ(WriteGroup(loaded.group), ReadFileBytes(vbg));
-  ASSERT_EQ(loaded.projects.size(), 3u);
-  std::size_t modules = 0;
-  for (const LoadedProject& project : loaded.projects) {
-    EXPECT_EQ(WriteProject(project.project, Cp1252()), ReadFileBytes(project.path)) << project.path;
-    for (const LoadedModule& m : project.modules) {
-      EXPECT_EQ(WriteModule(m.module, Cp1252()), ReadFileBytes(m.path)) << m.path;
-      EXPECT_FALSE(m.module.name.empty()) << m.path;
-      ++modules;
-    }
-  }
-  EXPECT_GE(modules, 18u);
-}
-
 }  // namespace
 }  // namespace host::files
