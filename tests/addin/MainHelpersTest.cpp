@@ -111,25 +111,6 @@ class docColumns : public vb::UserDocument {
   vb::ListView lvw{*this, u"lvw"};
 };
 
-TEST(ColumnWidths, LoadCapsAt15000AndSaveWritesChangedWidthsLess285) {
-  AddinWorld w;
-  w.ConnectLater();
-  docColumns doc(*w.runtime);
-  w.Store(u"Search", u"Col1", u"15001");
-  w.Store(u"Search", u"Col2", u"15000");
-  quillmark::LoadColumnWidths(w.Main().Rt(), u"Search", doc.lvw, u"Col");
-  EXPECT_EQ(doc.lvw.ColumnHeaders().Item(1).Width(), 1440);
-  EXPECT_EQ(doc.lvw.ColumnHeaders().Item(2).Width(), 15000);
-  EXPECT_EQ(doc.lvw.ColumnHeaders().Item(3).Width(), 1440);
-
-  doc.lvw.ColumnHeaders().Item(2).SetWidth(15004);  // within 5 twips of the stored 15000
-  doc.lvw.ColumnHeaders().Item(3).SetWidth(2000);
-  quillmark::SaveColumnWidths(w.Main().Rt(), u"Search", doc.lvw, u"Col");
-  EXPECT_EQ(w.Setting(u"Search", u"Col1"), u"1155");   // 1440 shown, 15001 stored: 1440 - 285
-  EXPECT_EQ(w.Setting(u"Search", u"Col2"), u"15000");  // close enough: not written
-  EXPECT_EQ(w.Setting(u"Search", u"Col3"), u"1715");   // 2000 - 285, not added back later
-}
-
 TEST(WindowCalls, FullRowSelectSetsTheBitAndAltLettersGoToTheMainFrame) {
   AddinWorld w;
   w.ConnectLater();

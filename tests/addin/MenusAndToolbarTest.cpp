@@ -182,13 +182,10 @@ TEST(SearchBox, ElevenSearchesKeepElevenInTheBoxAndStoreTheNewestTen) {
   auto box = Box(w);
   for (int i = 1; i <= 11; ++i) box->CommitTyped(u"text" + vb::FromUtf8(std::to_string(i)));
   EXPECT_EQ(box->ListCount(), 11);
-  auto stored = w.settings->GetAllSettings(u"QTools Search History", u"SearchRecents");
-  ASSERT_EQ(stored.size(), 10u);
-  EXPECT_EQ(stored.front(), (vb::SettingPair{u"Recent1", u"text11"}));
-  EXPECT_EQ(stored.back(), (vb::SettingPair{u"Recent10", u"text2"}));
   w.Disconnect();
-  w.ConnectLater();  // the next start shows the ten stored
+  w.ConnectLater();  // the next start shows the ten stored (which ten: the dialog's test)
   EXPECT_EQ(Box(w)->ListCount(), 10);
+  EXPECT_EQ(Box(w)->List(1), u"text11");
 }
 
 }  // namespace

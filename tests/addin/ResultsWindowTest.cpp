@@ -56,19 +56,29 @@ TEST(ResultsColumns, TheSettingChoosesAndOrdersTheColumns) {
   EXPECT_EQ(s.Keys(), (Rows{"Billing|modTen|(Declarations)|3"}));
 }
 
+// Loading caps a width at 15000 twips (more reads as the default 1440); saving writes a width
+// that moved more than 5 twips from the stored one, less the 285 twips nothing adds back.
 TEST(ResultsColumns, WidthsComeFromTheSettingsAndGoBackLessTheirMargin) {
   auto s = std::make_unique<SearchScenario>(TenLines());
   auto settings = s->world.settings;
   s->world.Store(u"Search", u"Col1", u"2000");
   s->world.Store(u"Search", u"Col2", u"15001");
+  s->world.Store(u"Search", u"Col5", u"15000");
   s->Results().LoadColumnHeaders();
   auto& columns = s->Results().lvwSearch.ColumnHeaders();
   EXPECT_EQ(columns.Item(1).Width(), 2000);
   EXPECT_EQ(columns.Item(2).Width(), 1440);
+  EXPECT_EQ(columns.Item(5).Width(), 15000);
   columns.Item(3).SetWidth(3000);
+  columns.Item(5).SetWidth(15004);
   s.reset();  // the IDE goes, and the document with it
-  EXPECT_EQ(settings->GetSetting(u"Quillmark Tools", u"Search", u"Col3", u""), u"2715");
-  EXPECT_EQ(settings->GetSetting(u"Quillmark Tools", u"Search", u"Col4", u""), u"");  // unchanged
+  auto stored = [&](std::u16string_view key) {
+    return settings->GetSetting(u"Quillmark Tools", u"Search", key, u"");
+  };
+  EXPECT_EQ(stored(u"Col2"), u"1155");  // 1440 shown, 15001 stored: 1440 - 285
+  EXPECT_EQ(stored(u"Col3"), u"2715");
+  EXPECT_EQ(stored(u"Col4"), u"");       // unchanged
+  EXPECT_EQ(stored(u"Col5"), u"15000");  // close enough: not written
 }
 
 TEST(ResultsSorting, AColumnClickSortsItsTextAndASecondClickReverses) {
