@@ -46,12 +46,6 @@ class StudioViewer : public StudioTest {
   }
   QTableView* Table() { return dock_->widget()->findChild<QTableView*>(); }
   QComboBox* Selector() { return dock_->widget()->findChild<QComboBox*>(); }
-  std::shared_ptr<host::Component> Named(std::u16string_view name) {
-    for (auto& project : Ide().ProjectList()->List())
-      for (auto& component : project->ComponentList()->List())
-        if (component->Name() == name) return component;
-    return nullptr;
-  }
   // A click on the component in the Project window.
   void ClickInProjectWindow(std::u16string_view name) {
     auto* tree = Window().findChild<studio::ProjectExplorer*>();
