@@ -9,18 +9,12 @@
 #include <set>
 #include <string>
 
-#include "QuillmarkResources.h"
+#include "AddinWorld.h"
 #include "addin/Connect.h"
-#include "addin/Registration.h"
-#include "host/Addins.h"
 #include "host/Ide.h"
-#include "host/RuntimeBridge.h"
-#include "runtime/AppInfo.h"
 #include "runtime/FileSystem.h"
 #include "runtime/Resources.h"
 #include "runtime/Runtime.h"
-#include "runtime/SettingsStore.h"
-#include "runtime/Shell.h"
 #include "runtime/UserActions.h"
 #include "runtime/Utf.h"
 #include "search/ResultRowKey.h"
@@ -98,31 +92,7 @@ fs::path FindGroup(const fs::path& given) {
   return {};
 }
 
-struct World {
-  std::shared_ptr<vb::Runtime> runtime = vb::Runtime::CreateHeadless();
-  std::shared_ptr<vbide::ClassRegistry> classes = std::make_shared<vbide::ClassRegistry>();
-  std::shared_ptr<host::Ide> ide;
-
-  World() {
-    auto resources = std::make_shared<vb::Resources>();
-    quillmark::RegisterQuillmarkResources(*resources);
-    runtime->SetResources(resources);
-    runtime->SetSettings(std::make_shared<vb::MemorySettingsStore>());
-    auto files = std::make_shared<vb::MemoryFileSystem>();
-    runtime->SetFiles(files);
-    runtime->SetShell(std::make_shared<vb::HeadlessShell>(*files));
-    runtime->SetApp(std::make_shared<vb::AppInfo>(u"/opt/quillmark", u"Quillmark Tools", 1, 0, 0));
-    quillmark::RegisterQuillmarkTools(*classes, runtime);
-    ide = host::CreateIdeFor(runtime, classes);
-    ide->RegisterAddIn(std::u16string(quillmark::kProgId));
-  }
-  ~World() { ide->DisconnectAddIn(quillmark::kProgId, vbide::ext_dm_HostShutdown); }
-  quillmark::mdlMain& Main() {
-    return static_cast<quillmark::Connect*>(
-               ide->AddinList()->Find(quillmark::kProgId)->Instance().get())
-        ->Main();
-  }
-};
+using World = bench::AddinWorld;
 
 // Our matching lines per module file, from the rows' keys.
 std::map<std::string, int> RowCounts(World& world) {
@@ -240,10 +210,11 @@ int main(int argc, char** argv) {
     int rgLines = 0;
     for (auto& [f, n] : rgCounts) rgLines += n;
     std::printf(
-        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; best of %d after "
+        "\n%s\"%s\" over (All Projects): %d rows, %.3f s (search, rows and EndSearch; best of %d "
+        "after "
         "the first, which took %.3f s; clearing the previous rows %.3f s more)\n",
-        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours,
-        std::max(runs - 1, 1), first, clear);
+        wholeWord ? "Whole Word " : "", vb::ToUtf8(word).c_str(), rows, ours, std::max(runs - 1, 1),
+        first, clear);
     if (rg < 0) {
       std::printf("  rg not available\n");
       continue;

@@ -14,18 +14,12 @@
 #include <functional>
 #include <string>
 
-#include "QuillmarkResources.h"
+#include "AddinWorld.h"
 #include "addin/Connect.h"
-#include "addin/Registration.h"
-#include "host/Addins.h"
 #include "host/Ide.h"
-#include "host/RuntimeBridge.h"
-#include "runtime/AppInfo.h"
 #include "runtime/FileSystem.h"
 #include "runtime/Resources.h"
 #include "runtime/Runtime.h"
-#include "runtime/SettingsStore.h"
-#include "runtime/Shell.h"
 #include "runtime/UserActions.h"
 #include "vbide/CodeModule.h"
 #include "vbide/Member.h"
@@ -93,30 +87,7 @@ std::string BigForm(int controls) {
   return text + "End\r\nAttribute VB_Name = \"frmBig\"\r\nOption Explicit\r\n";
 }
 
-struct World {
-  std::shared_ptr<vb::Runtime> runtime = vb::Runtime::CreateHeadless();
-  std::shared_ptr<vbide::ClassRegistry> classes = std::make_shared<vbide::ClassRegistry>();
-  std::shared_ptr<host::Ide> ide;
-
-  World() {
-    auto resources = std::make_shared<vb::Resources>();
-    quillmark::RegisterQuillmarkResources(*resources);
-    runtime->SetResources(resources);
-    runtime->SetSettings(std::make_shared<vb::MemorySettingsStore>());
-    auto files = std::make_shared<vb::MemoryFileSystem>();
-    runtime->SetFiles(files);
-    runtime->SetShell(std::make_shared<vb::HeadlessShell>(*files));
-    runtime->SetApp(std::make_shared<vb::AppInfo>(u"/opt/quillmark", u"Quillmark Tools", 1, 0, 0));
-    quillmark::RegisterQuillmarkTools(*classes, runtime);
-    ide = host::CreateIdeFor(runtime, classes);
-    ide->RegisterAddIn(std::u16string(quillmark::kProgId));
-  }
-  ~World() { ide->DisconnectAddIn(quillmark::kProgId, vbide::ext_dm_HostShutdown); }
-  quillmark::Connect& Addin() {
-    return *static_cast<quillmark::Connect*>(
-        ide->AddinList()->Find(quillmark::kProgId)->Instance().get());
-  }
-};
+using World = bench::AddinWorld;
 
 // Counts the rows a list gains, until the list is cleared.
 class RowCounter final : public vb::ControlPeer {
