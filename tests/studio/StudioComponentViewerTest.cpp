@@ -3,6 +3,7 @@
 // renames in place, selects and deletes, with the result at once in the open code window and on
 // the designer.
 #include <QComboBox>
+#include <QDir>
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QMenu>
@@ -195,6 +196,12 @@ TEST_F(StudioViewer, PopupMenuRenamesInPlaceSelectsAndDeletesWithTheResultShownA
     names << QString::fromStdU16String(control->Name()) + QString::number(control->Index());
   names.sort();
   EXPECT_EQ(names, (QStringList{QStringLiteral("lblField2"), QStringLiteral("txtCity-1")}));
+  Settle();
+  if (auto* surface = Window().findChild<studio::DesignerView*>()) {
+    // Written into the build folder for a person to look at: the handles on the two controls.
+    QDir().mkpath(QString(QM_BINARY_DIR) + "/studio-screenshots");
+    surface->grab().save(QString(QM_BINARY_DIR) + "/studio-screenshots/viewer-select.png");
+  }
 
   // Delete with its code: the control leaves the list and the designer, its procedure the
   // code window.
