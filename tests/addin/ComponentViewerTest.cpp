@@ -17,6 +17,7 @@
 #include "support/TempFolder.h"
 #include "vbide/CodeModule.h"
 #include "vbide/CodePane.h"
+#include "vbide/Events.h"
 #include "vbide/VBComponent.h"
 #include "vbide/VBE.h"
 #include "vbide/VBForm.h"
@@ -228,6 +229,12 @@ TEST_F(ComponentViewer, FollowsTheIdesSelectionAndRefreshesOnControlEventsOnlyWh
   Component(u"frmOrder")->CodeModule()->DeleteLines(5, 2);  // DoIt, behind the viewer's back
   EXPECT_EQ(Listed(), members) << "a control event does not rebuild a member view";
   User().PressKey(u"lvwExplorer", 116);  // F5
+  EXPECT_NE(Listed(), members);
+  // A component the IDE reloaded is listed anew.
+  Component(u"frmOrder")->CodeModule()->DeleteLines(5, 2);  // Text1_Change's first lines
+  members = Listed();
+  world.ide->Hub().ForComponents(
+      nullptr, [&](vbide::VBComponentsEvents& e) { e.ItemReloaded.Raise(Component(u"frmOrder")); });
   EXPECT_NE(Listed(), members);
   world.ide->Immediate()->SetFocus();
   User().PressKey(u"lvwExplorer", 'F', 4);  // Alt+F opens the IDE's File menu
