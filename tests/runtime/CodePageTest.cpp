@@ -43,15 +43,8 @@ std::string Hex(std::string_view bytes) {
 
 // --- Finding pages ---
 
-TEST(CodePageFind, KnowsEverySupportedPage) {
-  for (int number : kAllPages) {
-    const CodePage* page = CodePage::Find(number);
-    ASSERT_NE(page, nullptr) << number;
-    EXPECT_EQ(page->Number(), number);
-  }
-}
-
-TEST(CodePageFind, RejectsOtherNumbers) {
+TEST(CodePageFind, KnowsTheSupportedPagesOnly) {
+  for (int number : kAllPages) EXPECT_EQ(Page(number).Number(), number);
   for (int number : {0, -1, 437, 850, 1200, 1259, 20127, 54936, 65000}) {
     EXPECT_EQ(CodePage::Find(number), nullptr) << number;
   }
@@ -61,13 +54,7 @@ TEST(CodePageFind, RejectsOtherNumbers) {
 
 class CodePageRoundTrip : public ::testing::TestWithParam<int> {};
 
-TEST_P(CodePageRoundTrip, EverySingleByte) {
-  const CodePage& page = Page(GetParam());
-  for (int byte = 0; byte < 256; ++byte) {
-    EXPECT_TRUE(RoundTrips(page, std::string(1, static_cast<char>(byte))));
-  }
-}
-
+// Every pair holds every single byte beside a NUL too, at either end.
 TEST_P(CodePageRoundTrip, EveryBytePair) {
   const CodePage& page = Page(GetParam());
   std::string bytes(2, '\0');
@@ -121,13 +108,9 @@ void PrintTo(const DecodeCase& c, std::ostream* out) {
 
 class CodePageDecode : public ::testing::TestWithParam<DecodeCase> {};
 
-TEST_P(CodePageDecode, GivesTheKnownText) {
+TEST_P(CodePageDecode, GivesTheKnownTextAndEncodesItBack) {
   const DecodeCase& c = GetParam();
   EXPECT_EQ(Page(c.page).Decode(c.bytes), c.text) << "cp" << c.page << ": " << Hex(c.bytes);
-}
-
-TEST_P(CodePageDecode, EncodesTheTextBackToTheBytes) {
-  const DecodeCase& c = GetParam();
   std::size_t unmappable = 0;
   std::string bytes;
   Page(c.page).Encode(c.text, bytes, &unmappable);
