@@ -104,35 +104,14 @@ TEST_F(IniStore, WritesOneReadableFilePerApplicationInTheOrderWrittenAndDeletesI
   EXPECT_EQ(FilesInSettings(), (std::vector<std::string>{"Quillmark Tools.ini"}));
 }
 
-TEST_F(IniStore, ANewStoreOnTheSameFolderReadsWhatWasWritten) {
-  {
-    vb::IniSettingsStore writer(folder_.Path());
-    writer.SaveSetting(kApp, u"ListView", u"(Controls)2", u"1200");
-    writer.SaveSetting(kApp, u"ListView", u"(Controls)1", u"900");
-  }
-  vb::IniSettingsStore reader(folder_.Path());
-  EXPECT_EQ(reader.GetAllSettings(kApp, u"ListView"),
-            (Pairs{{u"(Controls)2", u"1200"}, {u"(Controls)1", u"900"}}));
-  EXPECT_TRUE(reader.Problems().empty());
-}
-
-TEST_F(IniStore, StoresOnTwoFoldersDoNotSeeEachOther) {
-  qmtest::TempFolder other;
-  vb::IniSettingsStore first(folder_.Path());
-  vb::IniSettingsStore second(other.Path());
-  first.SaveSetting(kApp, u"Options", u"AutoSave", u"1");
-  EXPECT_EQ(second.GetSetting(kApp, u"Options", u"AutoSave", u"0"), u"0");
-  second.SaveSetting(kApp, u"Options", u"AutoSave", u"0");
-  EXPECT_EQ(first.GetSetting(kApp, u"Options", u"AutoSave", u""), u"1");
-}
-
 TEST_F(IniStore, ReadsAHandEditedFile) {
-  folder_.Write("settings/Quillmark Tools.ini",
-                "\xEF\xBB\xBF; edited by hand\r\n[ Options ]\r\n  AutoSave = 1 \r\n\r\n# note\r\n"
-                "SaveInterval=\t7\r\n[Search]\rCol1=1440");
+  folder_.Write(
+      "settings/Quillmark Tools.ini",
+      "\xEF\xBB\xBF; edited by hand\r\n[ Options ]\r\n  SaveInterval = 7 \r\n\r\n# note\r\n"
+      "AutoSave=\t1\r\n[Search]\rCol1=1440");
   vb::IniSettingsStore store(folder_.Path());
   EXPECT_EQ(store.GetAllSettings(kApp, u"Options"),
-            (Pairs{{u"AutoSave", u"1"}, {u"SaveInterval", u"7"}}));
+            (Pairs{{u"SaveInterval", u"7"}, {u"AutoSave", u"1"}}));  // in the file's order
   EXPECT_EQ(store.GetSetting(kApp, u"Search", u"Col1", u""), u"1440");
   EXPECT_TRUE(store.Problems().empty());
 }
