@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "addin/Connect.h"
-#include "options/ColumnList.h"
 #include "options/frmOptions.h"
 #include "runtime/UserActions.h"
 #include "search/docResults.h"
@@ -73,12 +72,12 @@ TEST(OptionsDialog, ShowsTheStoredValues) {
   w.world.Store(u"Options", u"AutoSave", u"1");
   w.world.Store(u"Options", u"SaveInterval", u"12");
   w.world.Store(u"Options", u"SaveNotify", u"1");
-  w.world.Store(u"Options", u"Columns", u"Line,1|Code,yes|Project,0");
+  w.world.Store(u"Options", u"Columns", u"Line,1|Code,yes|Project,0|Module,2|Procedure");
   auto& f = w.Open();
   EXPECT_EQ(f.chkSave.Value(), 1);
   EXPECT_EQ(f.txtSave.Text(), u"12");
   EXPECT_EQ(f.cboSave.Text(), u"Beep");
-  EXPECT_EQ(w.Entries(), (Texts{u"Line+", u"Code-", u"Project-"}));
+  EXPECT_EQ(w.Entries(), (Texts{u"Line+", u"Code-", u"Project-", u"Module-", u"Procedure-"}));
   EXPECT_FALSE(f.cmdApply.Enabled());
 }
 
@@ -230,19 +229,6 @@ TEST(OptionsDialog, TheMenuOpensItModallyAndReleasesItAfterwards) {
   w.world.Addin()->Menu_Options_Click();
   EXPECT_EQ(w.Setting(u"AutoSave"), u"1");
   EXPECT_EQ(w.world.Main().gfrmOptions, nullptr);
-}
-
-TEST(ColumnList, ReadsEveryEntryAndWritesTheStoredForm) {
-  using quillmark::options::ColumnEntry;
-  using Entries = std::vector<ColumnEntry>;
-  EXPECT_EQ(quillmark::options::ParseColumnList(u"Code,1|Line,0|Module,2|Project,yes|Procedure"),
-            (Entries{{u"Code", true},
-                     {u"Line", false},
-                     {u"Module", false},
-                     {u"Project", false},
-                     {u"Procedure", false}}));
-  EXPECT_EQ(quillmark::options::ColumnListText({{u"Code", true}, {u"Line", false}}),
-            u"Code,1|Line,0");
 }
 
 }  // namespace
