@@ -51,23 +51,23 @@ int RecentPositionOf(std::u16string_view keyName) {
 }
 
 double NumberOf(std::u16string_view text) {
-  return vb::Val(text);
+  return ZeroOnOverflow([&] { return vb::Val(text); });  // "1e400" overflows Val itself
 }
 
 std::int32_t WholeOf(std::u16string_view text) {
-  double value = vb::Val(text);
+  double value = NumberOf(text);
   if (!std::isfinite(value)) return 0;
   return ZeroOnOverflow([&] { return vb::CLng(value); });
 }
 
 std::int16_t ShortOf(std::u16string_view text) {
-  double value = vb::Val(text);
+  double value = NumberOf(text);
   if (!std::isfinite(value)) return 0;
   return ZeroOnOverflow([&] { return vb::CInt(value); });
 }
 
 bool FlagOf(std::u16string_view text) {
-  return vb::Val(text) != 0;
+  return NumberOf(text) != 0;
 }
 
 bool AutoSaveIsOn(std::u16string_view text) {

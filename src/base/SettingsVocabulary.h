@@ -86,7 +86,8 @@ std::u16string RecentKeyName(int position);                            // 3 -> "
 // first six characters are ("Recent3" and "Xxxxxx3" both give 3); 0 when no number follows.
 int RecentPositionOf(std::u16string_view keyName);
 
-// Reading rules. Text that does not start with a number reads as 0 (VB's Val).
+// Reading rules. Text that does not start with a number reads as 0 (VB's Val), and so does a
+// number too large for Val ("1e400"): the stored text is damaged.
 double NumberOf(std::u16string_view text);
 // Val rounded half to even; a number outside the type's range is as damaged as text and reads 0.
 std::int32_t WholeOf(std::u16string_view text);

@@ -87,10 +87,16 @@ TEST(WordBooleanRule, WordsInAnyCaseElseNumbers) {
 // Val reads the text; a setting adds the Long's rounding and reads an overflow as damage.
 TEST(NumberRule, TextThatDoesNotStartWithANumberReadsZero) {
   const std::pair<std::u16string_view, std::int32_t> cases[] = {
-      {u"12abc", 12}, {u"abc", 0}, {u"-7", -7},
-      {u"2.5", 2},    {u"3.5", 4}, {u"99999999999", 0} /* too large for a Long: damaged */,
+      {u"12abc", 12},
+      {u"abc", 0},
+      {u"-7", -7},
+      {u"2.5", 2},
+      {u"3.5", 4},
+      {u"99999999999", 0} /* too large for a Long: damaged */,
+      {u"1e400", 0} /* too large for Val itself: damaged, not run-time error 6 */,
   };
   for (auto [text, value] : cases) EXPECT_EQ(opt::WholeOf(text), value) << vb::ToUtf8(text);
+  EXPECT_FALSE(opt::FlagOf(u"1e400"));
 }
 
 TEST(NumberRule, SixteenBitReadsTreatOutOfRangeAsDamaged) {
