@@ -121,14 +121,18 @@ TEST_F(NewMember, TheTotalFunctionIsBuiltFromItsArgumentList) {
   AddArgument(u"A", u"Long");
   User().Click(u"chkByVal");
   AddArgument(u"B", u"Long");
-  User().Click(u"cmdOk");
+  User().Click(u"cmdApply");
   EXPECT_EQ(Code(u"CInvoice"),
             "Option Explicit\n"
             "Private Static Function Total(ByVal A As Long, B As Long) As Long\n\nEnd Function\n"
             "\n"
             "Public Sub Post()\n"
             "End Sub\n");
-  EXPECT_FALSE(Dialog().IsLoaded());
+  // Apply leaves the dialog open with the tab empty for the next method.
+  EXPECT_TRUE(Dialog().IsLoaded());
+  EXPECT_EQ(Dialog().txtMethodName.Text(), u"");
+  EXPECT_EQ(Dialog().cboMethodReturn.Text(), u"");
+  EXPECT_EQ(Dialog().lstArguments.ListCount(), 0);
 }
 
 TEST_F(NewMember, ConstantsGoToLineOneThenBeforeTheFirstConstant) {
