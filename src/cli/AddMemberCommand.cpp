@@ -83,19 +83,6 @@ ArgumentSpec ParseArgument(const std::string& written) {
   return arg;
 }
 
-// Picks the entry equal to `text` (ignoring case) in a list box of the dialog.
-void Pick(frmNewMember& dialog, vb::ComboBox& box, const std::string& option,
-          const std::u16string& text) {
-  for (int i = 0; i < box.ListCount(); ++i) {
-    if (!vb::EqualsText(box.List(i), text)) continue;
-    vb::UserActions(dialog).Pick(box.Name(), i);
-    return;
-  }
-  std::string choices;
-  for (int i = 0; i < box.ListCount(); ++i) choices += (i ? ", " : "") + Utf8(box.List(i));
-  throw UsageError("--" + option + " '" + Utf8(text) + "' is not one of: " + choices);
-}
-
 class AddMember {
  public:
   AddMember(const Args& args, Kind kind, frmNewMember& dialog)
@@ -117,7 +104,7 @@ class AddMember {
 
   void FillMethod() {
     ui_.Type(u"txtMethodName", Text("method"));
-    if (args_.Option("scope")) Pick(dialog_, dialog_.cboMethodScope, "scope", Text("scope"));
+    if (args_.Option("scope")) PickEntry(dialog_, dialog_.cboMethodScope, "scope", Text("scope"));
     ui_.SetCheck(u"chkMethodStatic", args_.Flag("static") ? 1 : 0);
     ui_.Type(u"cboMethodReturn", Text("returns"));
     for (auto& written : args_.Options("arg")) AddArgument(written);
@@ -152,7 +139,7 @@ class AddMember {
 
   void FillProperty() {
     ui_.Type(u"txtPropertyName", Text("property"));
-    if (args_.Option("scope")) Pick(dialog_, dialog_.cboPropertyScope, "scope", Text("scope"));
+    if (args_.Option("scope")) PickEntry(dialog_, dialog_.cboPropertyScope, "scope", Text("scope"));
     ui_.Type(u"cboPropertyType", Text("type"));
     std::string kind = args_.Option("kind").value_or("both");
     int option = kind == "both" ? 0 : kind == "get" ? 1 : kind == "let" ? 2 : -1;
@@ -176,7 +163,7 @@ class AddMember {
     if (!dialog_.picNew(2).Enabled()) throw UsageError("the component has no code module");
     ui_.Type(u"txtConstantName", Text("constant"));
     ui_.Type(u"txtConstantValue", Text("value"));
-    if (args_.Option("type")) Pick(dialog_, dialog_.cboConstantType, "type", Text("type"));
+    if (args_.Option("type")) PickEntry(dialog_, dialog_.cboConstantType, "type", Text("type"));
     if (args_.Flag("public") || args_.Flag("private")) {
       int scope = args_.Flag("public") ? 0 : 1;
       if (!dialog_.optConstantScope(scope).IsUsable())

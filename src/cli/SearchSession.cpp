@@ -26,19 +26,6 @@ std::string Utf8(std::u16string_view text) {
   return vb::ToUtf8(text);
 }
 
-// Picks the entry equal to `text` (ignoring case, as VB names do) in one of the scope lists.
-void Pick(quillmark::frmSearch& dialog, vb::ComboBox& box, const std::string& option,
-          const std::u16string& text) {
-  for (int i = 0; i < box.ListCount(); ++i) {
-    if (!vb::EqualsText(box.List(i), text)) continue;
-    vb::UserActions(dialog).Pick(box.Name(), i);
-    return;
-  }
-  std::string choices;
-  for (int i = 0; i < box.ListCount(); ++i) choices += (i ? ", " : "") + Utf8(box.List(i));
-  throw UsageError("--" + option + " '" + Utf8(text) + "' is not one of: " + choices);
-}
-
 }  // namespace
 
 SearchSession::SearchSession(const Args& args, std::ostream& err) : args_(args) {
@@ -91,16 +78,16 @@ void SearchSession::SetScope() {
   auto& dialog = Dialog();
   std::u16string project =
       vb::FromUtf8(args_.Option("project").value_or(vb::ToUtf8(quillmark::kAllProjects)));
-  Pick(dialog, dialog.cboProject, "project", project);
+  PickEntry(dialog, dialog.cboProject, "project", project);
   auto module = args_.Option("module");
   auto procedure = args_.Option("procedure");
   bool allProjects = vb::EqualsText(project, quillmark::kAllProjects);
   if (module && allProjects) throw UsageError("--module needs --project");
   if (procedure && !module) throw UsageError("--procedure needs --module");
   if (allProjects) return;
-  Pick(dialog, dialog.cboModule, "module",
-       module ? vb::FromUtf8(*module) : std::u16string(quillmark::kAllModules));
-  if (procedure) Pick(dialog, dialog.cboProcedure, "procedure", vb::FromUtf8(*procedure));
+  PickEntry(dialog, dialog.cboModule, "module",
+            module ? vb::FromUtf8(*module) : std::u16string(quillmark::kAllModules));
+  if (procedure) PickEntry(dialog, dialog.cboProcedure, "procedure", vb::FromUtf8(*procedure));
 }
 
 void SearchSession::SetSelection(const std::string& selection) {

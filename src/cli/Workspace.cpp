@@ -4,7 +4,9 @@
 #include "cli/Args.h"
 #include "host/ComponentKinds.h"
 #include "runtime/CaseFold.h"
+#include "runtime/UserActions.h"
 #include "runtime/Utf.h"
+#include "runtime/forms/ComboBox.h"
 #include "vbide/VBComponent.h"
 #include "vbide/VBE.h"
 #include "vbide/VBProject.h"
@@ -73,6 +75,18 @@ vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& 
       if (vb::EqualsText(c->Name(), module)) return c;
   }
   throw UsageError("--component " + path + ": no such project and module");
+}
+
+void PickEntry(vb::FormBase& dialog, vb::ComboBox& box, const std::string& option,
+               const std::u16string& text) {
+  for (int i = 0; i < box.ListCount(); ++i) {
+    if (!vb::EqualsText(box.List(i), text)) continue;
+    vb::UserActions(dialog).Pick(box.Name(), i);
+    return;
+  }
+  std::string choices;
+  for (int i = 0; i < box.ListCount(); ++i) choices += (i ? ", " : "") + vb::ToUtf8(box.List(i));
+  throw UsageError("--" + option + " '" + vb::ToUtf8(text) + "' is not one of: " + choices);
 }
 
 }  // namespace cli

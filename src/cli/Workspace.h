@@ -10,6 +10,11 @@
 #include "host/Ide.h"
 #include "vbide/Fwd.h"
 
+namespace vb {
+class ComboBox;
+class FormBase;
+}  // namespace vb
+
 namespace cli {
 
 struct Workspace {
@@ -30,6 +35,11 @@ int OpenInDesk(composition::Desk& desk, const std::string& file, std::ostream& e
 // The component `path` names as PROJECT/MODULE, both ignoring case. Throws UsageError for a
 // path without "/" and for one that names no component.
 vbide::VBComponentPtr FindComponent(composition::Desk& desk, const std::string& path);
+
+// Picks, as a user would, the entry of a dialog's list box equal to `text` (ignoring case, as VB
+// names do). Throws UsageError naming --`option` and the entries when there is none.
+void PickEntry(vb::FormBase& dialog, vb::ComboBox& box, const std::string& option,
+               const std::u16string& text);
 
 // The kind of a component as the Project window names it ("Module", "Class", "Form" ...).
 std::string KindName(int componentType);
